@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+#include <QUrl>
+
+#include <optional>
+
+/// The addresses and resources that a service gives to its build of the client.
+struct AppConfig
+{
+    QUrl websiteURL;     ///< scheme and host only
+    QUrl bridgeBaseURL;  ///< the website with the path "/mobile-bridge/v1"
+    QUrl secureTokenURL; ///< scheme and host of the token endpoint
+    QString supportEmail;
+    QString resourceFolder; ///< where the property list lies
+
+    /// What was given at build time; resources are looked up relative to the executable. A built-in address
+    /// that does not parse ends the program.
+    static AppConfig builtIn();
+
+    /// A non-empty text of the property list "GoogleService-Info", read anew each time. A missing, unreadable
+    /// or malformed list, or a value of another type, gives nothing.
+    std::optional<QString> plistValue(const QString& key) const;
+};
