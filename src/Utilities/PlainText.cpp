@@ -1,0 +1,123 @@
+#include "PlainText.h"
+
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QStyle>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace PlainText {
+namespace {
+
+constexpr qsizetype longestLine = 500;
+constexpr qsizetype longestParagraph = 20'000;
+constexpr qsizetype longestToolTip = 1'000;
+
+QString cut(const QString& text, qsizetype length)
+{
+    return text.size() <= length ? text : text.left(length) + u'…';
+}
+
+bool isLineBreak(QChar character)
+{
+    return character == u'\n' || character == QChar::ParagraphSeparator || character == QChar::LineSeparator;
+}
+
+QString withBreaks(QString text)
+{
+    text.replace(u"\r\n"_s, u"\n"_s);
+    for (auto& character : text) {
+        if (isLineBreak(character) || character == u'\r')
+            character = QChar::LineSeparator;
+        else if (character.category() == QChar::Other_Control)
+            character = u' ';
+    }
+    return text;
+}
+
+} // namespace
+
+QString singleLine(const QString& text)
+{
+    auto line = cut(text, longestLine);
+    for (auto& character : line) {
+        if (isLineBreak(character) || character.category() == QChar::Other_Control)
+            character = u' ';
+    }
+    return line;
+}
+
+QString elided(const QString& text, const Type::Style& style, int width)
+{
+    return QFontMetricsF(Type::font(style)).elidedText(singleLine(text), Qt::ElideRight, width);
+}
+
+int width(const QString& text, const Type::Style& style)
+{
+    return static_cast<int>(std::ceil(QFontMetricsF(Type::font(style)).horizontalAdvance(singleLine(text))));
+}
+
+QString toolTip(const QString& text)
+{
+    return text.isEmpty() ? QString() : u"<span>%1</span>"_s.arg(cut(text, longestToolTip).toHtmlEscaped());
+}
+
+void draw(QPainter& painter, const QRectF& box, const QString& text, const Type::Style& style,
+    const QColor& color, Qt::Alignment alignment)
+{
+    painter.setFont(Type::font(style));
+    painter.setPen(color);
+    const auto line = elided(text, style, static_cast<int>(std::ceil(box.width())));
+    const auto visual = QStyle::visualAlignment(QGuiApplication::layoutDirection(), alignment);
+    painter.drawText(box, static_cast<int>(visual) | Qt::TextSingleLine, line);
+}
+
+Paragraph::Paragraph(const QString& text, const Type::Style& style, int width) :
+    layout_(withBreaks(cut(text, longestParagraph)), Type::font(style)), style_(style)
+{
+    QTextOption option;
+    option.setWrapMode(width < 0 ? QTextOption::ManualWrap : QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setTextDirection(QGuiApplication::layoutDirection());
+    layout_.setTextOption(option);
+    layout_.setCacheEnabled(true);
+    const auto lineHeight = Type::lineHeight(style);
+    layout_.beginLayout();
+    for (int number = 0;; ++number) {
+        auto line = layout_.createLine();
+        if (!line.isValid())
+            break;
+        line.setLineWidth(width < 0 ? 1e6 : width);
+        line.setPosition({0, number * lineHeight + (lineHeight - line.height()) / 2});
+    }
+    layout_.endLayout();
+}
+
+int Paragraph::width() const
+{
+    qreal widest = 0;
+    for (int number = 0; number < layout_.lineCount(); ++number)
+        widest = qMax(widest, layout_.lineAt(number).naturalTextWidth());
+    return static_cast<int>(std::ceil(widest));
+}
+
+int Paragraph::height() const { return qMax(1, layout_.lineCount()) * Type::lineHeight(style_); }
+
+void Paragraph::draw(QPainter& painter, const QRectF& box, const QColor& color, Qt::Alignment alignment) const
+{
+    painter.setPen(color);
+    for (int number = 0; number < layout_.lineCount(); ++number) {
+        const auto line = layout_.lineAt(number);
+        const auto room = box.width() - line.naturalTextWidth();
+        qreal x = box.left() - line.naturalTextRect().left();
+        if (alignment & Qt::AlignHCenter)
+            x += room / 2;
+        else if (bool(alignment & Qt::AlignTrailing) != QGuiApplication::isRightToLeft())
+            x += room;
+        line.draw(&painter, {x, box.top()});
+    }
+}
+
+} // namespace PlainText

@@ -1,0 +1,57 @@
+#include "Account/LoginModel.h"
+
+#include "AppError.h"
+#include "EmailAddress.h"
+
+using namespace Qt::StringLiterals;
+
+static constexpr int leastPasswordLength = 6;
+
+/// What the fields lack, as a sentence; empty when they may be sent.
+QString LoginModel::firstFault() const
+{
+    const bool registering = isRegistering.value();
+    if (registering && name.value().trimmed().isEmpty())
+        return u"Enter your full name."_s;
+    if (!isValidEmail(email.value()))
+        return u"Enter a valid email address."_s;
+    if (registering && password.value().size() < leastPasswordLength)
+        return u"Password must be at least 6 characters."_s;
+    if (!registering && password.value().isEmpty())
+        return u"Enter your password."_s;
+    return {};
+}
+
+QCoro::Task<> LoginModel::submit()
+{
+    const auto self = keep(this);
+    if (isBusy().value())
+        co_return;
+    const QString title = isRegistering.value() ? u"Registration Failed"_s : u"Sign In Failed"_s;
+    const QString fault = firstFault();
+    if (!fault.isEmpty()) {
+        showAlert(title, fault);
+        co_return;
+    }
+    try {
+        co_await send();
+    } catch (const AppError& error) {
+        showAlert(title, naturalMessage(error));
+    }
+}
+
+QCoro::Task<> LoginModel::send()
+{
+    if (!isRegistering.value()) {
+        co_await auth().signIn(email.value(), password.value(), std::nullopt);
+        co_return;
+    }
+    ClientRegistration registration;
+    registration.name = name.value();
+    registration.email = email.value();
+    registration.password = password.value();
+    registration.phone = phone.value();
+    registration.city = city.value();
+    registration.state = state.value();
+    co_await auth().registerClient(registration);
+}

@@ -1,0 +1,132 @@
+#pragma once
+
+#include "DesktopUploadDraft.h"
+#include "Screen/ScreenModel.h"
+#include "SignerDraft.h"
+
+/// The request form for a remote notary session: its fields, the fee estimate, the checks, and submitting it
+/// together with the attached files. Outlives visits to other sections, so that nothing typed is lost.
+class BookRemoteNotaryModel : public ScreenModel
+{
+    Q_OBJECT
+
+public:
+    explicit BookRemoteNotaryModel(const ScreenContext& context);
+
+    static constexpr int leastSignatures = 1;
+    static constexpr int mostSignatures = 25;
+    static constexpr int mostSigners = 10;
+
+    struct BillingOption
+    {
+        QString value;
+        QString label;
+        QString description;
+    };
+    static const QList<BillingOption>& billingOptions();
+    static const QList<QString>& documentTypes();
+    static const QList<QString>& idTypeOptions();
+
+    QProperty<QString> contactName;
+    QProperty<QString> contactEmail;
+    QProperty<QString> contactPhone;
+    QProperty<bool> asap{false};
+    QProperty<QDateTime> scheduledDate;
+    QProperty<QString> documentRetrievalOption;
+    QProperty<QString> documentType;
+    QProperty<int> actCount{leastSignatures};
+    QProperty<bool> actUnknown{false};
+    QProperty<QString> details;
+    QProperty<bool> witnessRequired{false};
+    QProperty<bool> apostilleNeeded{false};
+    QProperty<QString> notes;
+
+    QProperty<bool> isSubmitting{false};
+    QProperty<std::optional<QString>> successMessage;
+    QProperty<bool> isDropTarget{false};
+    QProperty<QString> uploadProgressText;
+    /// Bytes sent of all attached files together, 0 to 1.
+    QProperty<double> uploadProgress{0};
+
+    const QList<SignerDraft>& signers() const { return signers_; }
+    void editSigner(qsizetype index, const std::function<void(SignerDraft&)>& edit);
+    /// Nothing happens at ten signers.
+    void addSigner();
+    /// Removes the last signer; nothing happens when it is the only one.
+    void removeSigner();
+
+    const QList<DesktopUploadDraft>& pendingUploads() const { return pendingUploads_; }
+    void addBookingFileURLs(const QList<QUrl>& files);
+    void setUploadLabel(const QUuid& id, const QString& label);
+    void setUploadCategory(const QUuid& id, const QString& category);
+    void removeUpload(const QUuid& id);
+    void clearUploads();
+
+    bool isBusiness() const;
+    QString heroSubtitle() const;
+    QString contactHeading() const;
+    /// In dollars. An unknown count is estimated by the count that is set.
+    double estimatedRetrievalFee() const;
+    /// The fee as shown, e.g. "$41.00".
+    QString feeText() const;
+    QString feeCaption() const;
+    /// "Number of Signatures: 3"
+    QString signatureCountText() const;
+    /// The appointment in New York time where the local clocks differ; empty where they agree.
+    QString newYorkTimeText() const;
+
+    /// Fills the contact and the first signer from the signed-in user, once in the life of the form.
+    QCoro::Task<> prefill();
+    /// \throws AppError with the first fault of the fields
+    void validate() const;
+    /// Every field back to its default, the attached files forgotten.
+    void resetForm();
+    /// Checks the form, books the session, and sends the attached files into it. Does nothing while a
+    /// submission is under way.
+    QCoro::Task<> submit();
+    void viewSessions();
+    /// A fresh form, filled from the signed-in user like the first.
+    void bookAnother();
+
+    /// The request's body for the form as it stands.
+    QJsonObject requestBody() const;
+    /// The id of the session that was created by the request with this answer, when it can be found.
+    QCoro::Task<std::optional<qint64>> resolveCreatedSessionId(
+        JSONObject response, QString reference, QString token);
+
+signals:
+    /// A signer was added or removed.
+    void signerCountChanged();
+    /// The form itself changed the fields of a signer.
+    void signerChanged(qsizetype index);
+    /// Files were attached or removed.
+    void uploadsChanged();
+
+private:
+    struct Booked
+    {
+        QJsonObject body;
+        QString reference;
+        std::optional<qint64> sessionId;
+        QList<QUuid> sentFiles;
+    };
+
+    void prefillFrom(const JSONObject& profile, const AuthUser& user);
+    DesktopUploadDraft* findUpload(const QUuid& id);
+    QCoro::Task<> book(QString token);
+    QCoro::Task<Booked> create(QJsonObject body, QString token);
+    QCoro::Task<qsizetype> uploadBookingFiles(qint64 sessionId, QString token);
+    QCoro::Task<> uploadFile(DesktopUploadDraft draft, qint64 sessionId, QString token);
+    void uploadedBytes(qint64 bytes);
+
+    QList<SignerDraft> signers_;
+    QList<DesktopUploadDraft> pendingUploads_;
+    bool loadedProfile_ = false;
+    /// The session of a submission that failed while its files were sent. Submitting the same request again
+    /// goes on with the files that are missing, rather than booking a second session.
+    std::optional<Booked> booked_;
+    qint64 uploadTotal_ = 0; ///< bytes of all files of the running upload
+    qint64 uploadDone_ = 0; ///< bytes of its files that have arrived whole
+    Turns prefills_;
+    Turns submissions_;
+};

@@ -1,0 +1,26 @@
+#include "Screen/ScreenModel.h"
+
+#include "AppError.h"
+
+std::optional<AuthUser> ScreenModel::signedInUser()
+{
+    std::optional<AuthUser> user = auth().user.value();
+    if (!user)
+        auth().signOut();
+    return user;
+}
+
+void ScreenModel::fail(const Turn& turn, const QString& title, const std::exception& error)
+{
+    if (turn.isOver())
+        return;
+    if (isSessionExpired(error))
+        auth().signOut();
+    else
+        showAlert(title, naturalMessage(error));
+}
+
+void ScreenModel::showAlert(const QString& title, const QString& message)
+{
+    alert = AlertMessage{.title = title, .message = message};
+}

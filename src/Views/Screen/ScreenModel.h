@@ -1,0 +1,48 @@
+#pragma once
+
+#include "AlertMessage.h"
+#include "ScreenContext.h"
+#include "Turns.h"
+
+#include <QObject>
+#include <QProperty>
+
+#include <memory>
+
+/// What the models of all screens share: the one alert, the guard for a signed-in user, and the one rule for
+/// failures. Made by std::make_shared; a running operation keeps its model alive until it ends.
+class ScreenModel : public QObject, public std::enable_shared_from_this<ScreenModel>
+{
+    Q_OBJECT
+
+public:
+    explicit ScreenModel(const ScreenContext& context) : context_(context) { }
+
+    QProperty<std::optional<AlertMessage>> alert;
+
+    const ScreenContext& context() const { return context_; }
+    void dismissAlert() { alert = std::nullopt; }
+
+protected:
+    /// The signed-in user; when there is none, signs out so that every gate closes.
+    std::optional<AuthUser> signedInUser();
+    /// Signs out when the error says that the session ended; else shows it under the operation's own title.
+    /// A failure of a turn that is over is nobody's business any more.
+    void fail(const Turn& turn, const QString& title, const std::exception& error);
+    void showAlert(const QString& title, const QString& message);
+
+    AuthManager& auth() { return context_.auth; }
+    AppRouter& router() { return context_.router; }
+    APIClient api() const { return APIClient(context_.backend); }
+    const SignInEpoch& epoch() const { return context_.backend.epoch; }
+
+    /// This model, kept alive by whoever holds the result.
+    template <typename Model>
+    static std::shared_ptr<Model> keep(Model* model)
+    {
+        return std::static_pointer_cast<Model>(model->shared_from_this());
+    }
+
+private:
+    ScreenContext context_;
+};

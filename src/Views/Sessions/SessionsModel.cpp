@@ -1,0 +1,175 @@
+#include "Sessions/SessionsModel.h"
+
+#include "AppError.h"
+#include "Launch.h"
+#include "Screen/SessionRow.h"
+#include "Worker.h"
+
+#include <QCoroFuture>
+
+using namespace Qt::StringLiterals;
+
+SessionsModel::SessionsModel(const ScreenContext& context) : ScreenModel(context), loads_(epoch())
+{
+    onSearch_ = search.addNotifier([this] { rows_.setSearch(search.value()); });
+    onStatusFilter_ = statusFilter.addNotifier([this] { filterByStatus(); });
+    onRole_ = auth().activeRole.addNotifier([this] { roleChanged(); });
+}
+
+const QList<SessionsModel::StatusOption>& SessionsModel::statuses()
+{
+    static const QList<StatusOption> statuses{
+        {u""_s, u"All Statuses"_s},
+        {u"requested"_s, u"Requested"_s},
+        {u"scheduled"_s, u"Scheduled"_s},
+        {u"rescheduled"_s, u"Rescheduled"_s},
+        {u"completed"_s, u"Completed"_s},
+        {u"cancelled"_s, u"Cancelled"_s},
+    };
+    return statuses;
+}
+
+QString SessionsModel::searchPlaceholder()
+{
+    return u"Search name, signer, email, status, document"_s;
+}
+
+namespace {
+
+struct RoleTexts
+{
+    QString scope;
+    QString subtitle;
+};
+
+RoleTexts roleTexts(AppRole role)
+{
+    switch (role) {
+    case AppRole::client:
+        return {{}, u"Your remote notary sessions."_s};
+    case AppRole::business:
+        return {u"business"_s, u"Business remote sessions."_s};
+    case AppRole::notary:
+        return {u"notary_assigned"_s, u"Assigned and open remote notary sessions."_s};
+    case AppRole::admin:
+        return {u"admin_all"_s, u"All remote notary sessions."_s};
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+QString SessionsModel::subtitle() const
+{
+    return roleTexts(context().auth.role()).subtitle;
+}
+
+/// Another role sees other sessions.
+void SessionsModel::roleChanged()
+{
+    if (!auth().isSignedIn())
+        return;
+    selectedSession_ = std::nullopt;
+    emit selectionChanged();
+    launch(load());
+}
+
+QCoro::Task<> SessionsModel::load()
+{
+    const auto self = keep(this);
+    const std::optional<AuthUser> user = signedInUser();
+    if (!user)
+        co_return;
+    const Turn turn = loads_.next();
+    isLoading = true;
+    try {
+        const QString scope = roleTexts(auth().role()).scope;
+        QList<SessionSummary> received = co_await api().getSessions(scope, QString(), user->idToken);
+        auto preparing = [received = std::move(received)]() mutable { return prepare(std::move(received)); };
+        const QFuture<Loaded> prepared = onWorker(std::move(preparing));
+        Loaded loaded = co_await prepared;
+        if (!turn.isOver())
+            show(std::move(loaded));
+    } catch (const AppError& error) {
+        fail(turn, u"Cannot Load Sessions"_s, error);
+    }
+    if (turn.isNewest())
+        isLoading = false;
+}
+
+SessionsModel::Loaded SessionsModel::prepare(QList<SessionSummary> received)
+{
+    struct Dated
+    {
+        QString when;
+        SessionSummary session;
+    };
+    QList<Dated> dated;
+    dated.reserve(received.size());
+    for (SessionSummary& session : received)
+        dated += {session.displayDateTime(), std::move(session)};
+    std::stable_sort(
+        dated.begin(), dated.end(), [](const Dated& a, const Dated& b) { return a.when > b.when; });
+
+    Loaded loaded;
+    QList<RowTexts> rows;
+    loaded.sessions.reserve(dated.size());
+    rows.reserve(dated.size());
+    for (Dated& entry : dated) {
+        rows += sessionRow(entry.session, entry.when);
+        loaded.sessions += std::move(entry.session);
+    }
+    loaded.rows = RowListModel::Content::of(std::move(rows));
+    return loaded;
+}
+
+void SessionsModel::show(Loaded loaded)
+{
+    sessions_ = std::move(loaded.sessions);
+    rows_.setContent(std::move(loaded.rows));
+    const std::optional<qint64> routed = router().selectedSessionId.value();
+    const SessionSummary* chosen = routed ? find(*routed) : nullptr;
+    if (!chosen && selectedSession_)
+        chosen = find(selectedSession_->id);
+    if (!chosen && !selectedSession_ && !sessions_.isEmpty())
+        chosen = &sessions_.constFirst();
+    if (chosen)
+        selectedSession_ = *chosen;
+    emit selectionChanged();
+}
+
+const SessionSummary* SessionsModel::find(qint64 id) const
+{
+    const auto found = std::find_if(
+        sessions_.begin(), sessions_.end(), [id](const SessionSummary& session) { return session.id == id; });
+    return found == sessions_.end() ? nullptr : &*found;
+}
+
+void SessionsModel::select(qint64 id)
+{
+    const SessionSummary* session = find(id);
+    if (!session || (selectedSession_ && selectedSession_->id == id))
+        return;
+    selectedSession_ = *session;
+    // A later load follows the router, so it must point where the person pointed last.
+    router().selectedSessionId = id;
+    emit selectionChanged();
+}
+
+void SessionsModel::filterByStatus()
+{
+    const QString wanted = statusFilter.value().toLower();
+    if (wanted.isEmpty())
+        rows_.setFilter({});
+    else
+        rows_.setFilter([wanted](const QString& status) { return status == wanted; });
+}
+
+QList<SessionSummary> SessionsModel::filteredSessions() const
+{
+    QList<SessionSummary> filtered;
+    filtered.reserve(rows_.shown().size());
+    for (const int row : rows_.shown())
+        filtered += sessions_.at(row);
+    return filtered;
+}

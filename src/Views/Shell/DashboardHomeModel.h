@@ -1,0 +1,43 @@
+#pragma once
+
+#include "Screen/ScreenContext.h"
+
+/// The landing screen: who is signed in, shortcuts, and what the program can do.
+class DashboardHomeModel
+{
+public:
+    explicit DashboardHomeModel(const ScreenContext& context) : context_(context) { }
+
+    struct QuickAction
+    {
+        QString title;
+        QString systemImage;
+        std::optional<AppSection> section; ///< where it leads; nothing for the website
+        bool isPrimary = false;
+    };
+    struct Feature
+    {
+        QString systemImage;
+        QString title;
+        QString text;
+    };
+
+    static QString heroTitle();
+    static QString heroText();
+    static const QList<Feature>& features();
+
+    bool showsSignedInCard() const { return context_.auth.isSignedIn(); }
+    QString signedInName() const { return context_.auth.displayName(); }
+    AppRole role() const { return context_.auth.role(); }
+    /// "Active role: Notary"
+    QString activeRoleLine() const;
+    QList<QuickAction> quickActions() const;
+
+    void run(const QuickAction& action);
+    void signOut() { context_.auth.signOut(); }
+
+    const ScreenContext& context() const { return context_; }
+
+private:
+    ScreenContext context_;
+};

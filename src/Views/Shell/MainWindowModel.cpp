@@ -1,0 +1,103 @@
+#include "Shell/MainWindowModel.h"
+
+#include "Launch.h"
+
+using namespace Qt::StringLiterals;
+
+MainWindowModel::MainWindowModel(const ScreenContext& context) : context_(context), lastGate_(gate())
+{
+    onUser_ = context_.auth.user.addNotifier([this] { userChanged(); });
+    onRole_ = context_.auth.activeRole.addNotifier([this] { emit sidebarChanged(); });
+    onSection_ = context_.router.selectedSection.addNotifier([this] {
+        lastGate_ = gate();
+        emit sidebarChanged();
+        emit screenChanged();
+    });
+}
+
+void MainWindowModel::userChanged()
+{
+    emit sidebarChanged();
+    if (std::exchange(lastGate_, gate()) != lastGate_)
+        emit screenChanged();
+}
+
+MainWindowModel::Header MainWindowModel::header() const
+{
+    if (!context_.auth.isSignedIn())
+        return {u"Quorvel"_s, u"Desktop"_s, u"checkmark.seal.fill"_s};
+    const AppRole role = context_.auth.role();
+    return {context_.auth.displayName(), title(role), systemImage(role)};
+}
+
+QList<AppRole> MainWindowModel::switchableRoles() const
+{
+    const QList<AppRole> roles = context_.auth.availableRoles();
+    return roles.size() > 1 ? roles : QList<AppRole>();
+}
+
+QList<MainWindowModel::Group> MainWindowModel::groups() const
+{
+    QList<Group> groups;
+    groups += {u"Main"_s, {AppSection::dashboard, AppSection::book, AppSection::sessions}};
+    const QList<AppSection> workspaces = roleSections(context_.auth.availableRoles());
+    if (!workspaces.isEmpty())
+        groups += {u"Workspaces"_s, workspaces};
+    groups += {u"Account"_s, {AppSection::settings}};
+    return groups;
+}
+
+AppSection MainWindowModel::selectedSection() const
+{
+    return context_.router.selectedSection.value();
+}
+
+QString MainWindowModel::windowTitle() const
+{
+    return title(selectedSection());
+}
+
+/// The sections that show themselves to people who are not signed in.
+static bool isOpenToAll(AppSection section)
+{
+    return section == AppSection::dashboard || section == AppSection::settings;
+}
+
+MainWindowModel::Gate MainWindowModel::gate() const
+{
+    if (isOpenToAll(selectedSection()))
+        return Gate::open;
+    if (!context_.auth.isSignedIn())
+        return Gate::signIn;
+    const std::optional<AppRole> role = requiredRole(selectedSection());
+    return !role || context_.auth.availableRoles().contains(*role) ? Gate::open : Gate::restricted;
+}
+
+MainWindowModel::Header MainWindowModel::signInHeader() const
+{
+    const std::optional<AppRole> role = requiredRole(selectedSection());
+    if (role)
+        return {title(*role), {}, systemImage(*role)};
+    return {title(selectedSection()), {}, systemImage(selectedSection())};
+}
+
+QString MainWindowModel::restrictionMessage() const
+{
+    const AppRole role = requiredRole(selectedSection()).value_or(AppRole::client);
+    return u"This section is available to "_s + title(role) + u" accounts only."_s;
+}
+
+void MainWindowModel::select(AppSection section)
+{
+    context_.router.selectedSection = section;
+}
+
+void MainWindowModel::switchRole(AppRole role)
+{
+    context_.auth.switchRole(role);
+}
+
+void MainWindowModel::appeared()
+{
+    launch(context_.auth.refreshTokenIfNeeded());
+}

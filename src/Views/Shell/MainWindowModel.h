@@ -1,0 +1,69 @@
+#pragma once
+
+#include "Screen/ScreenContext.h"
+
+#include <QObject>
+
+/// What the main window shows around the screens: the sidebar, the role switcher, the title, and whether the
+/// selected section is open to whoever is there.
+class MainWindowModel : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit MainWindowModel(const ScreenContext& context);
+
+    struct Header
+    {
+        QString title;
+        QString caption;
+        QString systemImage;
+    };
+    struct Group
+    {
+        QString title;
+        QList<AppSection> sections;
+    };
+    enum class Gate
+    {
+        open,
+        signIn,
+        restricted
+    };
+
+    Header header() const;
+    /// The roles to choose between; empty when there is nothing to choose.
+    QList<AppRole> switchableRoles() const;
+    QList<Group> groups() const;
+    AppSection selectedSection() const;
+    /// The title of the window.
+    QString windowTitle() const;
+    Gate gate() const;
+    /// What the sign-in screen says about the section that asked for it.
+    Header signInHeader() const;
+    /// "This section is available to Admin accounts only."
+    QString restrictionMessage() const;
+
+    /// Goes to a section and leaves a selected session as it is.
+    void select(AppSection section);
+    void switchRole(AppRole role);
+    /// The window came up: the ID token is renewed.
+    void appeared();
+
+    const ScreenContext& context() const { return context_; }
+
+signals:
+    /// The header, the roles or the groups may read differently now.
+    void sidebarChanged();
+    /// Another section, or another gate before it.
+    void screenChanged();
+
+private:
+    void userChanged();
+
+    ScreenContext context_;
+    Gate lastGate_;
+    QPropertyNotifier onUser_;
+    QPropertyNotifier onRole_;
+    QPropertyNotifier onSection_;
+};
