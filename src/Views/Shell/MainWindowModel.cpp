@@ -17,6 +17,8 @@ MainWindowModel::MainWindowModel(const ScreenContext& context) : context_(contex
 
 void MainWindowModel::userChanged()
 {
+    if (!context_.auth.isSignedIn())
+        booking_.reset();
     emit sidebarChanged();
     if (std::exchange(lastGate_, gate()) != lastGate_)
         emit screenChanged();
@@ -100,4 +102,11 @@ void MainWindowModel::switchRole(AppRole role)
 void MainWindowModel::appeared()
 {
     launch(context_.auth.refreshTokenIfNeeded());
+}
+
+std::shared_ptr<BookRemoteNotaryModel> MainWindowModel::booking()
+{
+    if (!booking_)
+        booking_ = std::make_shared<BookRemoteNotaryModel>(context_);
+    return booking_;
 }

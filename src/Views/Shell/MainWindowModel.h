@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Screen/ScreenContext.h"
+#include "Booking/BookRemoteNotaryModel.h"
 
 #include <QObject>
 
@@ -50,6 +50,9 @@ public:
     /// The window came up: the ID token is renewed.
     void appeared();
 
+    /// The booking form, kept while the person visits other sections and forgotten when they sign out.
+    std::shared_ptr<BookRemoteNotaryModel> booking();
+
     const ScreenContext& context() const { return context_; }
 
 signals:
@@ -63,6 +66,7 @@ private:
 
     ScreenContext context_;
     Gate lastGate_;
+    std::shared_ptr<BookRemoteNotaryModel> booking_;
     QPropertyNotifier onUser_;
     QPropertyNotifier onRole_;
     QPropertyNotifier onSection_;

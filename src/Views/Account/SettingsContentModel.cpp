@@ -1,0 +1,6 @@
+#include "Account/SettingsContentModel.h"
+
+QList<AppAppearanceMode> SettingsContentModel::appearanceChoices()
+{
+    return {AppAppearanceMode::light, AppAppearanceMode::dark, AppAppearanceMode::system};
+}
