@@ -3,9 +3,21 @@
 #include "AppError.h"
 #include "EmailAddress.h"
 
+#include <QTextBoundaryFinder>
+
 using namespace Qt::StringLiterals;
 
 static constexpr int leastPasswordLength = 6;
+
+/// Characters as people count them: an accented letter or an emoji is one.
+static int characterCount(const QString& text)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    int count = 0;
+    while (finder.toNextBoundary() >= 0)
+        ++count;
+    return count;
+}
 
 /// What the fields lack, as a sentence; empty when they may be sent.
 QString LoginModel::firstFault() const
@@ -15,7 +27,7 @@ QString LoginModel::firstFault() const
         return u"Enter your full name."_s;
     if (!isValidEmail(email.value()))
         return u"Enter a valid email address."_s;
-    if (registering && password.value().size() < leastPasswordLength)
+    if (registering && characterCount(password.value()) < leastPasswordLength)
         return u"Password must be at least 6 characters."_s;
     if (!registering && password.value().isEmpty())
         return u"Enter your password."_s;
@@ -27,16 +39,16 @@ QCoro::Task<> LoginModel::submit()
     const auto self = keep(this);
     if (isBusy().value())
         co_return;
-    const QString title = isRegistering.value() ? u"Registration Failed"_s : u"Sign In Failed"_s;
+    const QString alertTitle = isRegistering.value() ? u"Registration Failed"_s : u"Sign In Failed"_s;
     const QString fault = firstFault();
     if (!fault.isEmpty()) {
-        showAlert(title, fault);
+        showAlert(alertTitle, fault);
         co_return;
     }
     try {
         co_await send();
     } catch (const AppError& error) {
-        showAlert(title, naturalMessage(error));
+        showAlert(alertTitle, naturalMessage(error));
     }
 }
 

@@ -8,13 +8,13 @@ class LoginModel : public ScreenModel
     Q_OBJECT
 
 public:
-    /// \param title,systemImage  the section that asked
-    LoginModel(const ScreenContext& context, QString title, QString systemImage)
-        : ScreenModel(context), title(std::move(title)), systemImage(std::move(systemImage))
+    /// \param sectionTitle,sectionImage  the section that asked
+    LoginModel(const ScreenContext& context, const QString& sectionTitle, const QString& sectionImage)
+        : ScreenModel(context), title(sectionTitle), systemImage(sectionImage)
     { }
 
-    const QString title;
-    const QString systemImage;
+    const QString title; ///< of the section that asked
+    const QString systemImage; ///< of the section that asked
 
     QProperty<bool> isRegistering{false};
     QProperty<QString> name;

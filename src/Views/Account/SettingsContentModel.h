@@ -9,10 +9,9 @@ class SettingsContentModel : public ScreenModel
     Q_OBJECT
 
 public:
-    SettingsContentModel(const ScreenContext& context, AppearanceModel& appearance)
-        : ScreenModel(context), appearance(appearance)
-    {
-    }
+    SettingsContentModel(const ScreenContext& context, AppearanceModel& appearanceModel)
+        : ScreenModel(context), appearance(appearanceModel)
+    { }
 
     AppearanceModel& appearance;
 

@@ -5,6 +5,8 @@
 #include "Launch.h"
 #include "Screen/NewYorkTime.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 static constexpr auto rush = "priority"_L1;
@@ -163,6 +165,9 @@ void BookRemoteNotaryModel::clearUploads()
 
 void BookRemoteNotaryModel::resetForm()
 {
+    // What is still under way belongs to the form as it was.
+    prefills_.next();
+    submissions_.next();
     contactName = QString();
     contactEmail = QString();
     contactPhone = QString();
@@ -182,7 +187,7 @@ void BookRemoteNotaryModel::resetForm()
     isDropTarget = false;
     uploadProgressText = QString();
     uploadProgress = 0;
-    booked_ = std::nullopt;
+    booked_.reset();
     pendingUploads_.clear();
     signers_.clear();
     addSigner();

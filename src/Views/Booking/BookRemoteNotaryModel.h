@@ -103,30 +103,30 @@ signals:
     void uploadsChanged();
 
 private:
+    /// A request that the bridge has accepted.
     struct Booked
     {
         QJsonObject body;
         QString reference;
         std::optional<qint64> sessionId;
-        QList<QUuid> sentFiles;
+        QList<QUuid> sentFiles; ///< drafts that are in the session already
     };
 
     void prefillFrom(const JSONObject& profile, const AuthUser& user);
     DesktopUploadDraft* findUpload(const QUuid& id);
-    QCoro::Task<> book(QString token);
-    QCoro::Task<Booked> create(QJsonObject body, QString token);
-    QCoro::Task<qsizetype> uploadBookingFiles(qint64 sessionId, QString token);
-    QCoro::Task<> uploadFile(DesktopUploadDraft draft, qint64 sessionId, QString token);
-    void uploadedBytes(qint64 bytes);
+    QCoro::Task<> book(Turn turn, QString token);
+    QCoro::Task<std::shared_ptr<Booked>> create(QJsonObject body, QString token);
+    QCoro::Task<qsizetype> uploadBookingFiles(std::shared_ptr<Booked> booked, Turn turn, QString token);
+    QCoro::Task<> uploadFile(
+        DesktopUploadDraft draft, qint64 sessionId, Request::Progress progress, QString token);
+    void showProgress(const Turn& turn, const QString& text, double done);
 
     QList<SignerDraft> signers_;
     QList<DesktopUploadDraft> pendingUploads_;
     bool loadedProfile_ = false;
     /// The session of a submission that failed while its files were sent. Submitting the same request again
     /// goes on with the files that are missing, rather than booking a second session.
-    std::optional<Booked> booked_;
-    qint64 uploadTotal_ = 0; ///< bytes of all files of the running upload
-    qint64 uploadDone_ = 0; ///< bytes of its files that have arrived whole
+    std::shared_ptr<Booked> booked_;
     Turns prefills_;
     Turns submissions_;
 };

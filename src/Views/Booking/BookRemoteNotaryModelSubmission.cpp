@@ -4,6 +4,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 QCoro::Task<> BookRemoteNotaryModel::submit()
@@ -23,11 +25,13 @@ QCoro::Task<> BookRemoteNotaryModel::submit()
     const Turn turn = submissions_.next();
     isSubmitting = true;
     try {
-        co_await book(user->idToken);
+        co_await book(turn, user->idToken);
     } catch (const AppError& error) {
+        showProgress(turn, QString(), 0);
         fail(turn, u"Booking Failed"_s, error);
     }
-    isSubmitting = false;
+    if (turn.isNewest())
+        isSubmitting = false;
 }
 
 /// "1 file uploaded into the session." behind the message; nothing for no files.
@@ -39,35 +43,39 @@ static QString uploadedSuffix(qsizetype count)
         + u" uploaded into the session."_s;
 }
 
-QCoro::Task<> BookRemoteNotaryModel::book(QString token)
+/// Runs to its end even when the person signs out meanwhile: what they attached goes where they sent it.
+QCoro::Task<> BookRemoteNotaryModel::book(Turn turn, QString token)
 {
     const QJsonObject body = requestBody();
-    if (!booked_ || booked_->body != body) {
-        Booked created = co_await create(body, token);
-        booked_ = std::move(created);
+    std::shared_ptr<Booked> booked = booked_;
+    if (!booked || booked->body != body) {
+        booked = co_await create(body, token);
+        if (turn.isNewest())
+            booked_ = booked;
     }
-    QString message = u"Remote notary request "_s + booked_->reference
+    QString message = u"Remote notary request "_s + booked->reference
         + u" was created. Our team will review and confirm the session."_s;
-    if (!pendingUploads_.isEmpty()) {
-        if (const std::optional<qint64> sessionId = booked_->sessionId) {
-            const qsizetype count = co_await uploadBookingFiles(*sessionId, token);
-            message += uploadedSuffix(count);
-        } else {
-            message += u" Files were not uploaded automatically because the new session ID was not returned. "
-                       "Open Sessions and upload them from the session detail."_s;
-        }
+    if (!pendingUploads_.isEmpty() && booked->sessionId) {
+        const qsizetype count = co_await uploadBookingFiles(booked, turn, token);
+        message += uploadedSuffix(count);
+    } else if (!pendingUploads_.isEmpty()) {
+        message += u" Files were not uploaded automatically because the new session ID was not returned. "
+                   "Open Sessions and upload them from the session detail."_s;
     }
-    booked_ = std::nullopt;
+    if (turn.isOver())
+        co_return;
+    booked_.reset();
     successMessage = message;
 }
 
-QCoro::Task<BookRemoteNotaryModel::Booked> BookRemoteNotaryModel::create(QJsonObject body, QString token)
+QCoro::Task<std::shared_ptr<BookRemoteNotaryModel::Booked>> BookRemoteNotaryModel::create(
+    QJsonObject body, QString token)
 {
     const JSONObject response = co_await api().createSession(body, token);
-    Booked created;
-    created.body = body;
-    created.reference = response.string(u"reference_id"_s, response.string(u"id"_s, u"your new request"_s));
-    created.sessionId = co_await resolveCreatedSessionId(response, created.reference, token);
+    const auto created = std::make_shared<Booked>();
+    created->body = body;
+    created->reference = response.string(u"reference_id"_s, response.string(u"id"_s, u"your new request"_s));
+    created->sessionId = co_await resolveCreatedSessionId(response, created->reference, token);
     co_return created;
 }
 
@@ -113,34 +121,49 @@ static qint64 sizeOf(const DesktopUploadDraft& draft)
     return QFileInfo(draft.url.toLocalFile()).size();
 }
 
-QCoro::Task<qsizetype> BookRemoteNotaryModel::uploadBookingFiles(qint64 sessionId, QString token)
+static double fraction(qint64 part, qint64 whole)
 {
-    uploadProgressText = u"Uploading attached files..."_s;
-    const QList<DesktopUploadDraft> drafts = pendingUploads_;
-    uploadTotal_ = 0;
-    uploadDone_ = 0;
-    for (const DesktopUploadDraft& draft : drafts)
-        uploadTotal_ += sizeOf(draft);
-    for (qsizetype k = 0; k < drafts.size(); ++k) {
-        const DesktopUploadDraft& draft = drafts.at(k);
-        if (booked_->sentFiles.contains(draft.id)) {
-            uploadDone_ += sizeOf(draft);
-            continue;
-        }
-        uploadProgressText = u"Uploading %1 of %2: "_s.arg(k + 1).arg(drafts.size()) + draft.fileName();
-        co_await uploadFile(draft, sessionId, token);
-        booked_->sentFiles += draft.id;
-    }
-    pendingUploads_.removeIf([&drafts](const DesktopUploadDraft& draft) {
-        return std::any_of(drafts.begin(), drafts.end(),
-            [&draft](const DesktopUploadDraft& sent) { return sent.id == draft.id; });
-    });
-    emit uploadsChanged();
-    uploadProgressText = u"Upload complete."_s;
-    co_return drafts.size();
+    return whole > 0 ? std::min(1.0, double(part) / double(whole)) : 0.0;
 }
 
-QCoro::Task<> BookRemoteNotaryModel::uploadFile(DesktopUploadDraft draft, qint64 sessionId, QString token)
+/// Sends the attached files that are not in the session yet, one after another.
+/// \returns how many files of this booking are in the session then
+QCoro::Task<qsizetype> BookRemoteNotaryModel::uploadBookingFiles(
+    std::shared_ptr<Booked> booked, Turn turn, QString token)
+{
+    showProgress(turn, u"Uploading attached files..."_s, 0);
+    const QList<DesktopUploadDraft> attached = pendingUploads_;
+    qint64 total = 0;
+    for (const DesktopUploadDraft& draft : attached)
+        total += sizeOf(draft);
+    qint64 done = 0;
+    for (qsizetype k = 0; k < attached.size(); ++k) {
+        // Looked up anew: the person may have taken the file off the list while others were sent.
+        const DesktopUploadDraft* found = findUpload(attached.at(k).id);
+        if (!found)
+            continue;
+        const DesktopUploadDraft draft = *found;
+        const qint64 size = sizeOf(draft);
+        if (!booked->sentFiles.contains(draft.id)) {
+            const QString text = u"Uploading %1 of %2: "_s.arg(k + 1).arg(attached.size()) + draft.fileName();
+            Request::Progress progress = [this, turn, text, done, size, total](qint64 sent, qint64) {
+                showProgress(turn, text, fraction(done + std::min(sent, size), total));
+            };
+            progress(0, size);
+            co_await uploadFile(draft, *booked->sessionId, progress, token);
+            booked->sentFiles += draft.id;
+        }
+        done += size;
+    }
+    pendingUploads_.removeIf(
+        [&booked](const DesktopUploadDraft& draft) { return booked->sentFiles.contains(draft.id); });
+    emit uploadsChanged();
+    showProgress(turn, u"Upload complete."_s, 1);
+    co_return booked->sentFiles.size();
+}
+
+QCoro::Task<> BookRemoteNotaryModel::uploadFile(
+    DesktopUploadDraft draft, qint64 sessionId, Request::Progress progress, QString token)
 {
     const QFileInfo info(draft.url.toLocalFile());
     if (!info.isFile() || !info.isReadable())
@@ -152,15 +175,14 @@ QCoro::Task<> BookRemoteNotaryModel::uploadFile(DesktopUploadDraft draft, qint64
     file.data.path = info.filePath();
     file.data.size = info.size();
     const QList<MultipartFile> files(1, file);
-    // The model outlives the request, which is awaited right here.
-    Request::Progress progress = [this](qint64 sent, qint64) { uploadedBytes(sent); };
     co_await api().uploadSessionFiles(sessionId, draft.label, draft.category, files, token, progress);
-    uploadDone_ += info.size();
-    uploadedBytes(0);
 }
 
-void BookRemoteNotaryModel::uploadedBytes(qint64 bytes)
+/// A submission that the form has been reset under shows nothing any more.
+void BookRemoteNotaryModel::showProgress(const Turn& turn, const QString& text, double done)
 {
-    if (uploadTotal_ > 0)
-        uploadProgress = std::min(1.0, double(uploadDone_ + bytes) / double(uploadTotal_));
+    if (!turn.isNewest())
+        return;
+    uploadProgressText = text;
+    uploadProgress = done;
 }

@@ -1,5 +1,7 @@
 #include "Screen/RowListModel.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 RowListModel::Content RowListModel::Content::of(QList<RowTexts> rows)

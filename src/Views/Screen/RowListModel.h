@@ -4,6 +4,8 @@
 
 #include <QAbstractListModel>
 
+#include <functional>
+
 /// The texts of one list row, derived once when the list is loaded.
 struct RowTexts
 {

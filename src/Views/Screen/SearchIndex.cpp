@@ -2,6 +2,7 @@
 
 #include <QByteArrayMatcher>
 
+#include <algorithm>
 #include <numeric>
 
 static constexpr char separator = '\xFF';

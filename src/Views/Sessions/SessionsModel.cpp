@@ -7,6 +7,8 @@
 
 #include <QCoroFuture>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 SessionsModel::SessionsModel(const ScreenContext& context) : ScreenModel(context), loads_(epoch())
@@ -148,11 +150,13 @@ const SessionSummary* SessionsModel::find(qint64 id) const
 void SessionsModel::select(qint64 id)
 {
     const SessionSummary* session = find(id);
-    if (!session || (selectedSession_ && selectedSession_->id == id))
+    if (!session)
         return;
-    selectedSession_ = *session;
     // A later load follows the router, so it must point where the person pointed last.
     router().selectedSessionId = id;
+    if (selectedSession_ && selectedSession_->id == id)
+        return;
+    selectedSession_ = *session;
     emit selectionChanged();
 }
 

@@ -20,7 +20,8 @@ void MainWindowModel::userChanged()
     if (!context_.auth.isSignedIn())
         booking_.reset();
     emit sidebarChanged();
-    if (std::exchange(lastGate_, gate()) != lastGate_)
+    const Gate previous = std::exchange(lastGate_, gate());
+    if (lastGate_ != previous)
         emit screenChanged();
 }
 
