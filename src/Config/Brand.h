@@ -3,8 +3,8 @@
 #include <array>
 #include <cstdint>
 
-/// The palette: what the program is painted with, as plain numbers. A role keeps its name in both schemes; how
-/// a tone becomes a colour on screen is the business of the presentation kit.
+/// The palette: what the program is painted with, as plain numbers. A role keeps its name in both schemes;
+/// how a tone becomes a colour on screen is the business of the presentation kit.
 namespace Brand {
 
 /// An opaque sRGB colour, 0xRRGGBB.

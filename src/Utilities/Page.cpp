@@ -4,8 +4,8 @@
 
 #include <QVBoxLayout>
 
-Page::Page(int maxWidth, QWidget* parent) :
-    QScrollArea(parent), maxWidth_(maxWidth), content_(new QWidget), column_(new QVBoxLayout)
+Page::Page(int maxWidth, QWidget* parent)
+    : QScrollArea(parent), maxWidth_(maxWidth), content_(new QWidget), column_(new QVBoxLayout)
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);

@@ -4,8 +4,8 @@
 
 class QVBoxLayout;
 
-/// A screen that scrolls as one column over the content background. The column is centred and at most so wide;
-/// where the page is narrow it is compact: less room around and between the cards.
+/// A screen that scrolls as one column over the content background. The column is centred and at most so
+/// wide; where the page is narrow it is compact: less room around and between the cards.
 class Page : public QScrollArea
 {
     Q_OBJECT

@@ -27,11 +27,20 @@ QBrush threeStops(const QRectF& area, const Stops& stops, Resolve resolve)
 
 } // namespace
 
-bool isDark() { return darkScheme; }
+bool isDark()
+{
+    return darkScheme;
+}
 
-void setDark(bool isDark) { darkScheme = isDark; }
+void setDark(bool isDark)
+{
+    darkScheme = isDark;
+}
 
-QColor color(Brand::Tone tone) { return QColor::fromRgb(tone.in(darkScheme)); }
+QColor color(Brand::Tone tone)
+{
+    return QColor::fromRgb(tone.in(darkScheme));
+}
 
 QColor color(Brand::Tone tone, double opacity)
 {

@@ -75,8 +75,8 @@ void draw(QPainter& painter, const QRectF& box, const QString& text, const Type:
     painter.drawText(box, static_cast<int>(visual) | Qt::TextSingleLine, line);
 }
 
-Paragraph::Paragraph(const QString& text, const Type::Style& style, int width) :
-    layout_(withBreaks(cut(text, longestParagraph)), Type::font(style)), style_(style)
+Paragraph::Paragraph(const QString& text, const Type::Style& style, int width)
+    : layout_(withBreaks(cut(text, longestParagraph)), Type::font(style)), style_(style)
 {
     QTextOption option;
     option.setWrapMode(width < 0 ? QTextOption::ManualWrap : QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -103,7 +103,10 @@ int Paragraph::width() const
     return static_cast<int>(std::ceil(widest));
 }
 
-int Paragraph::height() const { return qMax(1, layout_.lineCount()) * Type::lineHeight(style_); }
+int Paragraph::height() const
+{
+    return qMax(1, layout_.lineCount()) * Type::lineHeight(style_);
+}
 
 void Paragraph::draw(QPainter& painter, const QRectF& box, const QColor& color, Qt::Alignment alignment) const
 {

@@ -38,20 +38,50 @@ inline constexpr int chip = 10;
 /// Heights of what holds text, and sizes of icons: these grow with it.
 namespace Height {
 
-inline int control() { return Type::scaled(36); }
-inline int large() { return Type::scaled(44); }
-inline int small() { return Type::scaled(28); }
-inline int compact() { return Type::scaled(32); }
-inline int pill() { return Type::scaled(22); }
+inline int control()
+{
+    return Type::scaled(36);
+}
+inline int large()
+{
+    return Type::scaled(44);
+}
+inline int small()
+{
+    return Type::scaled(28);
+}
+inline int compact()
+{
+    return Type::scaled(32);
+}
+inline int pill()
+{
+    return Type::scaled(22);
+}
 
 } // namespace Height
 
 namespace IconSize {
 
-inline int button() { return Type::scaled(16); }
-inline int sidebar() { return Type::scaled(18); }
-inline int chip() { return Type::scaled(20); }
-inline int chevron() { return Type::scaled(14); }
-inline int large() { return Type::scaled(32); }
+inline int button()
+{
+    return Type::scaled(16);
+}
+inline int sidebar()
+{
+    return Type::scaled(18);
+}
+inline int chip()
+{
+    return Type::scaled(20);
+}
+inline int chevron()
+{
+    return Type::scaled(14);
+}
+inline int large()
+{
+    return Type::scaled(32);
+}
 
 } // namespace IconSize

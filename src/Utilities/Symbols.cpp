@@ -11,13 +11,13 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 /// The icons live in a static library, whose resources nobody registers unless asked to.
-void registerIcons()
+static void registerIcons()
 {
     Q_INIT_RESOURCE(symbols);
 }
+
+namespace {
 
 QString fileOf(const QString& name)
 {
@@ -93,7 +93,10 @@ QStringList names()
     return files;
 }
 
-bool contains(const QString& name) { return QFile::exists(fileOf(name)); }
+bool contains(const QString& name)
+{
+    return QFile::exists(fileOf(name));
+}
 
 QPixmap pixmap(const QString& name, const QColor& color, int size, qreal devicePixelRatio)
 {

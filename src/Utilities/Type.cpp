@@ -15,14 +15,20 @@ double textFactor = 1;
 
 } // namespace
 
-double factor() { return textFactor; }
+double factor()
+{
+    return textFactor;
+}
 
 void followDesktop(double desktopPixels)
 {
     textFactor = std::clamp(desktopPixels / designPixels, 1.0, 2.0);
 }
 
-int scaled(int pixels) { return static_cast<int>(std::lround(pixels * textFactor)); }
+int scaled(int pixels)
+{
+    return static_cast<int>(std::lround(pixels * textFactor));
+}
 
 QFont font(const Style& style)
 {
@@ -37,6 +43,9 @@ QFont font(const Style& style)
     return font;
 }
 
-int lineHeight(const Style& style) { return scaled(style.lineHeight); }
+int lineHeight(const Style& style)
+{
+    return scaled(style.lineHeight);
+}
 
 } // namespace Type

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QObject>
+#include <QProperty>
+
+#include <utility>
+
+/// Keeps a subscription to a property for as long as its parent lives.
+template <typename Notifier>
+class PropertyWatch : public QObject
+{
+public:
+    template <typename Property, typename Callback>
+    PropertyWatch(QObject* owner, Property& property, Callback callback)
+        : QObject(owner), notifier_(property.addNotifier(std::move(callback)))
+    { }
+
+private:
+    Notifier notifier_;
+};
+
+/// Runs `apply` with the property's value now and at each change, for as long as `owner` lives. The property
+/// may go first.
+template <typename Property, typename Apply>
+void follow(QObject* owner, Property& property, Apply apply)
+{
+    apply(property.value());
+    auto again = [&property, apply = std::move(apply)]() mutable {
+        const auto value = property.value();
+        apply(value);
+    };
+    using Notifier = decltype(property.addNotifier(again));
+    new PropertyWatch<Notifier>(owner, property, std::move(again));
+}
+
+/// Keeps a field and a property equal, both ways; the field takes the property's value first. A field is
+/// whatever has a `Value`, value(), setValue() and a signal valueChanged(). The property must outlive it.
+template <typename Field, typename T>
+void bind(Field* field, QProperty<T>& property)
+{
+    follow(field, property, [field](const T& value) { field->setValue(typename Field::Value(value)); });
+    QObject::connect(
+        field, &Field::valueChanged, field, [field, &property] { property = T(field->value()); });
+}

@@ -1,0 +1,165 @@
+#include "Button.h"
+
+#include "Accessibility.h"
+#include "ArcAnimation.h"
+#include "FocusRing.h"
+#include "Paint.h"
+#include "PlainText.h"
+#include "Spacing.h"
+#include "Symbols.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+using namespace Qt::StringLiterals;
+
+struct Button::Metrics
+{
+    int height;
+    int padding;
+    int icon;
+    int gap;
+    int radius;
+    Type::Style text;
+};
+
+Button::Button(const QString& title, const QString& systemImage, QWidget* parent)
+    : QPushButton(parent), symbol_(systemImage), arc_(new ArcAnimation(this))
+{
+    Accessibility::setRole(this, QAccessible::Button);
+    setAttribute(Qt::WA_Hover);
+    setAutoDefault(false);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setTitle(title);
+    attachFocusRing();
+}
+
+Button::Metrics Button::metrics() const
+{
+    switch (size_) {
+    case Size::small:
+        return {Height::small(), 10, IconSize::chevron(), 6, Radius::smallButton, Type::group};
+    case Size::large:
+        return {Height::large(), 20, IconSize::button(), 8, Radius::block, Type::sub};
+    case Size::regular:
+        break;
+    }
+    return {Height::control(), 16, IconSize::button(), 8, Radius::control, Type::strong};
+}
+
+int Button::padding() const
+{
+    return metrics().padding;
+}
+
+void Button::attachFocusRing()
+{
+    FocusRing::attach(this, metrics().radius);
+}
+
+void Button::setTitle(const QString& title)
+{
+    title_ = title;
+    auto text = title;
+    setText(text.replace(u'&', u"&&"_s));
+    setAccessibleName(title);
+    updateGeometry();
+    update();
+}
+
+void Button::setSystemImage(const QString& symbol)
+{
+    symbol_ = symbol;
+    updateGeometry();
+    update();
+}
+
+void Button::setButtonSize(Size size)
+{
+    size_ = size;
+    attachFocusRing();
+    updateGeometry();
+    update();
+}
+
+void Button::setLoading(bool loading)
+{
+    if (loading == loading_)
+        return;
+    loading_ = loading;
+    setDown(false);
+    // Also a press by an assistive technology or by code must reach nobody.
+    blockSignals(loading);
+    Accessibility::setBusy(this, loading);
+    arc_->setTurning(loading);
+    updateGeometry();
+    update();
+}
+
+int Button::contentWidth() const
+{
+    const auto look = metrics();
+    const int text = PlainText::width(title_, look.text);
+    if (symbol_.isEmpty() && !loading_)
+        return text;
+    return title_.isEmpty() ? look.icon : look.icon + look.gap + text;
+}
+
+QSize Button::sizeHint() const
+{
+    return {contentWidth() + 2 * (padding() + 1), metrics().height};
+}
+
+QSize Button::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+bool Button::event(QEvent* event)
+{
+    if (loading_) {
+        switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+            event->accept();
+            return true;
+        default:
+            break;
+        }
+    }
+    return QPushButton::event(event);
+}
+
+void Button::keyPressEvent(QKeyEvent* event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isReturn && !(loading_ && event->key() == Qt::Key_Space))
+        return QPushButton::keyPressEvent(event);
+    if (!event->isAutoRepeat())
+        click();
+}
+
+void Button::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const auto look = metrics();
+    const auto paints = colors();
+    Paint::roundedRect(painter, rect(), look.radius, paints.fill, paints.edge);
+    const int content = qMin(contentWidth(), width() - 2 * (padding() + 1));
+    QRectF box((width() - content) / 2.0, 0, content, height());
+    if (loading_ || !symbol_.isEmpty()) {
+        QRectF icon(box.left(), (height() - look.icon) / 2.0, look.icon, look.icon);
+        if (isRightToLeft())
+            icon.moveRight(box.right());
+        if (loading_)
+            Paint::arc(painter, icon, paints.symbol, arc_->degrees());
+        else
+            Symbols::paint(painter, icon, symbol_, paints.symbol);
+        if (isRightToLeft())
+            box.setRight(icon.left() - look.gap);
+        else
+            box.setLeft(icon.right() + look.gap);
+    }
+    PlainText::draw(painter, box, title_, look.text, paints.text);
+}

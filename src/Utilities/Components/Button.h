@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QPushButton>
+
+class ArcAnimation;
+
+/// What the buttons of the kit share: a title, an optional symbol before it, and a state of work in which the
+/// button turns an arc, keeps the focus and does not react. Space and Return press it.
+class Button : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    enum class Size
+    {
+        small,
+        regular,
+        large
+    };
+
+    QString title() const { return title_; }
+    void setTitle(const QString& title);
+    /// \param symbol  empty for none
+    void setSystemImage(const QString& symbol);
+    void setButtonSize(Size size);
+
+    bool isLoading() const { return loading_; }
+    void setLoading(bool loading);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    struct Colors
+    {
+        QColor fill;
+        QColor edge;
+        QColor text;
+        QColor symbol;
+    };
+    /// Of the button as it is now: enabled or not, hovered, pressed.
+    virtual Colors colors() const = 0;
+    /// Room before and after the content.
+    virtual int padding() const;
+
+    Button(const QString& title, const QString& systemImage, QWidget* parent);
+    bool isHovered() const { return isEnabled() && underMouse() && !loading_; }
+    bool isPressed() const { return isEnabled() && isDown(); }
+
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    struct Metrics;
+    Metrics metrics() const;
+    int contentWidth() const;
+    void attachFocusRing();
+
+    QString title_;
+    QString symbol_;
+    Size size_ = Size::regular;
+    bool loading_ = false;
+    ArcAnimation* arc_;
+};

@@ -1,0 +1,135 @@
+#include "ComboBox.h"
+
+#include "ComboListDelegate.h"
+#include "Paint.h"
+#include "Palette.h"
+#include "PlainText.h"
+#include "Spacing.h"
+#include "Symbols.h"
+
+#include <QListView>
+#include <QPainter>
+#include <QSignalBlocker>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int symbolGap = 8;
+constexpr int chevronGap = 8;
+
+} // namespace
+
+ComboBox::ComboBox(const QList<Option>& options, QWidget* parent) : QComboBox(parent)
+{
+    setAttribute(Qt::WA_Hover);
+    setFont(Type::font(Type::body));
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setMaxVisibleItems(12);
+    auto* list = new QListView;
+    list->setFrameShape(QFrame::NoFrame);
+    list->viewport()->setAutoFillBackground(false);
+    list->setTextElideMode(Qt::ElideRight);
+    list->setItemDelegate(new ComboListDelegate(this));
+    setView(list);
+    auto* popup = list->window();
+    popup->setAttribute(Qt::WA_TranslucentBackground);
+    popup->setWindowFlag(Qt::NoDropShadowWindowHint);
+    connect(this, &QComboBox::currentIndexChanged, this, [this] { emit valueChanged(value()); });
+    setOptions(options);
+}
+
+void ComboBox::setOptions(const QList<Option>& options)
+{
+    const auto chosen = value();
+    {
+        const QSignalBlocker quiet(this);
+        clear();
+        hasSymbols_ = false;
+        for (const auto& option : options) {
+            addItem(option.text, option.value);
+            setItemData(count() - 1, option.symbol, ComboListDelegate::SymbolRole);
+            hasSymbols_ = hasSymbols_ || !option.symbol.isEmpty();
+        }
+        setCurrentIndex(findData(chosen));
+    }
+    if (value() != chosen)
+        emit valueChanged(value());
+    updateGeometry();
+    update();
+}
+
+void ComboBox::setPrompt(const QString& prompt)
+{
+    setPlaceholderText(prompt);
+    update();
+}
+
+void ComboBox::setCompact(bool compact)
+{
+    compact_ = compact;
+    updateGeometry();
+    update();
+}
+
+void ComboBox::setValue(const QString& value)
+{
+    setCurrentIndex(findData(value));
+}
+
+int ComboBox::padding() const
+{
+    return (compact_ ? 10 : Spacing::fieldPadding) + 1;
+}
+
+int ComboBox::boxHeight() const
+{
+    return compact_ ? Height::compact() : Height::control();
+}
+
+QSize ComboBox::sizeHint() const
+{
+    int widest = PlainText::width(placeholderText(), Type::body);
+    for (int index = 0; index < count(); ++index)
+        widest = qMax(widest, PlainText::width(itemText(index), Type::body));
+    const int symbol = hasSymbols_ ? IconSize::button() + symbolGap : 0;
+    return {widest + symbol + chevronGap + IconSize::chevron() + 2 * padding(), boxHeight()};
+}
+
+QSize ComboBox::minimumSizeHint() const
+{
+    return {Type::scaled(72), boxHeight()};
+}
+
+void ComboBox::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    auto state = Paint::stateOf(*this);
+    state.focused = state.focused || view()->isVisible();
+    Paint::field(painter, rect(), state);
+    const bool mirrored = isRightToLeft();
+    const auto place = [this, mirrored](QRectF box) {
+        if (mirrored)
+            box.moveRight(width() - box.left());
+        return box;
+    };
+
+    const auto chevron = IconSize::chevron();
+    Symbols::paint(painter,
+        place(QRectF(width() - padding() - chevron, (height() - chevron) / 2.0, chevron, chevron)),
+        u"chevron.up.chevron.down"_s, Palette::color(isEnabled() ? Brand::steel : Brand::muted));
+
+    qreal left = padding();
+    const auto symbol = currentData(ComboListDelegate::SymbolRole).toString();
+    if (!symbol.isEmpty()) {
+        const auto edge = IconSize::button();
+        Symbols::paint(painter, place(QRectF(left, (height() - edge) / 2.0, edge, edge)), symbol,
+            Palette::color(isEnabled() ? Brand::steel : Brand::muted));
+        left += edge + symbolGap;
+    }
+    const bool prompts = currentIndex() < 0;
+    const auto tone = !isEnabled() ? Brand::muted : prompts ? Brand::steel : Brand::ink;
+    const QRectF textBox(left, 0, width() - left - padding() - chevron - chevronGap, height());
+    PlainText::draw(painter, place(textBox), prompts ? placeholderText() : currentText(), Type::body,
+        Palette::color(tone));
+}

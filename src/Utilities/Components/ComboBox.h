@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QComboBox>
+
+/// A picker of one option from a list. While nothing is chosen it shows its prompt. The wheel scrolls the
+/// page and never changes the choice.
+class ComboBox : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    using Value = QString;
+
+    struct Option
+    {
+        QString text;
+        QString value;
+        QString symbol = {}; ///< empty for none
+    };
+
+    explicit ComboBox(const QList<Option>& options = {}, QWidget* parent = nullptr);
+
+    /// Replaces the options; the choice stays when its value is still among them.
+    void setOptions(const QList<Option>& options);
+    void setPrompt(const QString& prompt);
+    /// A lower box, for rows and the sidebar.
+    void setCompact(bool compact);
+
+    /// The chosen option's value; empty when nothing is chosen.
+    QString value() const { return currentData().toString(); }
+    /// Chooses the option of that value; nothing when there is none.
+    void setValue(const QString& value);
+
+    bool hasSymbols() const { return hasSymbols_; }
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+signals:
+    void valueChanged(const QString& value);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+
+private:
+    int padding() const;
+    int boxHeight() const;
+
+    bool compact_ = false;
+    bool hasSymbols_ = false;
+};

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QAbstractButton>
+
+/// A small square button that shows only a symbol, such as the one that removes a row. Its title is read out
+/// and shown as the tool tip.
+class IconButton : public QAbstractButton
+{
+    Q_OBJECT
+
+public:
+    IconButton(const QString& title, const QString& systemImage, QWidget* parent = nullptr);
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QString symbol_;
+};

@@ -1,0 +1,19 @@
+#include "LineInput.h"
+
+#include "Spacing.h"
+
+LineInput::LineInput(QWidget* parent) : QLineEdit(parent)
+{
+    setFont(Type::font(Type::body));
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+QSize LineInput::sizeHint() const
+{
+    return {Type::scaled(180), Height::control()};
+}
+
+QSize LineInput::minimumSizeHint() const
+{
+    return {Type::scaled(72), Height::control()};
+}

@@ -1,0 +1,40 @@
+#include "LoadingLine.h"
+
+#include "ArcAnimation.h"
+#include "Layouts.h"
+#include "Paint.h"
+#include "Palette.h"
+#include "PlainLabel.h"
+#include "Spacing.h"
+
+#include <QPainter>
+
+namespace {
+
+constexpr int gap = 8;
+
+} // namespace
+
+LoadingLine::LoadingLine(const QString& text, QWidget* parent)
+    : QWidget(parent), text_(new PlainLabel(text, Type::body, Brand::steel)), arc_(new ArcAnimation(this))
+{
+    text_->setFit(PlainLabel::Fit::elide);
+    auto* row = Layouts::row(0, {text_});
+    row->setContentsMargins(IconSize::button() + gap, 0, 0, 0);
+    setLayout(row);
+    arc_->setTurning(true);
+}
+
+void LoadingLine::setText(const QString& text)
+{
+    text_->setText(text);
+}
+
+void LoadingLine::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const auto edge = IconSize::button();
+    const QRect box(0, (height() - edge) / 2, edge, edge);
+    Paint::arc(painter, QStyle::visualRect(layoutDirection(), rect(), box), Palette::color(Brand::blue),
+        arc_->degrees());
+}

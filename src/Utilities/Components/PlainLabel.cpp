@@ -1,0 +1,106 @@
+#include "PlainLabel.h"
+
+#include "Palette.h"
+#include "PlainText.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+namespace {
+
+/// A label that may wrap asks for no more than this, and takes what it is given.
+constexpr int widestHint = 560;
+constexpr int narrowestHint = 40;
+
+} // namespace
+
+PlainLabel::PlainLabel(const QString& text, const Type::Style& style, Brand::Tone tone, QWidget* parent)
+    : QLabel(parent), style_(style), tone_(tone)
+{
+    setTextFormat(Qt::PlainText);
+    setFont(Type::font(style));
+    setFit(Fit::wrap);
+    setText(text);
+}
+
+void PlainLabel::setText(const QString& text)
+{
+    if (text == this->text())
+        return;
+    QLabel::setText(text);
+    updateGeometry();
+    update();
+}
+
+void PlainLabel::setTextStyle(const Type::Style& style)
+{
+    style_ = style;
+    setFont(Type::font(style));
+    updateGeometry();
+    update();
+}
+
+void PlainLabel::setTone(Brand::Tone tone)
+{
+    tone_ = tone;
+    update();
+}
+
+void PlainLabel::setFit(Fit fit)
+{
+    fit_ = fit;
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    if (fit == Fit::wrap)
+        policy.setVerticalPolicy(QSizePolicy::Preferred);
+    policy.setHeightForWidth(fit == Fit::wrap);
+    setSizePolicy(policy);
+    updateGeometry();
+}
+
+QSize PlainLabel::sizeHint() const
+{
+    if (fit_ == Fit::elide)
+        return {PlainText::width(text(), style_), Type::lineHeight(style_)};
+    const PlainText::Paragraph unbroken(text(), style_, -1);
+    const int width = qMin(unbroken.width(), Type::scaled(widestHint));
+    return {width, heightForWidth(width)};
+}
+
+QSize PlainLabel::minimumSizeHint() const
+{
+    const int width = qMin(sizeHint().width(), Type::scaled(narrowestHint));
+    return {width, Type::lineHeight(style_)};
+}
+
+int PlainLabel::heightForWidth(int width) const
+{
+    if (fit_ == Fit::elide)
+        return Type::lineHeight(style_);
+    return PlainText::Paragraph(text(), style_, width).height();
+}
+
+bool PlainLabel::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip && fit_ == Fit::elide && toolTip().isEmpty()) {
+        if (PlainText::width(text(), style_) > width()) {
+            QToolTip::showText(
+                static_cast<QHelpEvent*>(event)->globalPos(), PlainText::toolTip(text()), this);
+            return true;
+        }
+    }
+    return QLabel::event(event);
+}
+
+void PlainLabel::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const auto color = Palette::color(isEnabled() ? tone_ : Brand::muted);
+    if (fit_ == Fit::elide)
+        return PlainText::draw(painter, rect(), text(), style_, color, alignment());
+    const PlainText::Paragraph paragraph(text(), style_, width());
+    QRectF box = rect();
+    if (alignment() & Qt::AlignVCenter && paragraph.height() < height())
+        box.setTop((height() - paragraph.height()) / 2);
+    paragraph.draw(painter, box, color, alignment());
+}

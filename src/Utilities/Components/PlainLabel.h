@@ -1,0 +1,43 @@
+#pragma once
+
+#include "Brand.h"
+#include "Type.h"
+
+#include <QLabel>
+
+/// A text that is shown as it stands, in a style and a tone of the design. It either wraps, and grows in
+/// height, or stays on one line and elides; an elided text appears whole in the tool tip.
+class PlainLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    enum class Fit
+    {
+        wrap,
+        elide
+    };
+
+    explicit PlainLabel(const QString& text = {}, const Type::Style& style = Type::body,
+        Brand::Tone tone = Brand::ink, QWidget* parent = nullptr);
+
+    void setText(const QString& text);
+    void setTextStyle(const Type::Style& style);
+    void setTone(Brand::Tone tone);
+    void setFit(Fit fit);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    bool hasHeightForWidth() const override { return fit_ == Fit::wrap; }
+    int heightForWidth(int width) const override;
+
+protected:
+    const Type::Style& textStyle() const { return style_; }
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Type::Style style_;
+    Brand::Tone tone_;
+    Fit fit_ = Fit::wrap;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QAbstractButton>
+
+/// An entry of the sidebar, named by its section's title. A click only asks: which entry is selected follows
+/// from where the window is, and is told by setChecked().
+class SidebarEntry : public QAbstractButton
+{
+    Q_OBJECT
+
+public:
+    SidebarEntry(const QString& title, const QString& systemImage, QWidget* parent = nullptr);
+
+    QSize sizeHint() const override;
+
+protected:
+    void nextCheckState() override { }
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void checkStateSet() override;
+
+private:
+    QString title_;
+    QString symbol_;
+};

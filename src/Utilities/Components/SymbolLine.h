@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Brand.h"
+
+#include <QWidget>
+
+class PlainLabel;
+class SymbolView;
+
+/// A symbol and a text on one line, such as a date in a list of facts.
+class SymbolLine : public QWidget
+{
+    Q_OBJECT
+
+public:
+    SymbolLine(const QString& systemImage, const QString& text, QWidget* parent = nullptr);
+
+    void setText(const QString& text);
+    void setSystemImage(const QString& symbol);
+
+private:
+    SymbolView* symbol_;
+    PlainLabel* text_;
+};

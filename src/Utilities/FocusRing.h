@@ -1,0 +1,13 @@
+#pragma once
+
+class QWidget;
+
+/// The ring around the control that has the keyboard focus. It is an overlay of its own: controls need no
+/// room for it, and layouts stay on the grid. A control focused by the mouse shows none.
+namespace FocusRing {
+
+/// \param radius  of the control's own corners
+/// \param around  what the ring encloses, when that is not the control itself; must outlive the control
+void attach(QWidget* control, int radius, QWidget* around = nullptr);
+
+} // namespace FocusRing

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QStyleOption>
+
+/// How BrandStyle draws menus and the menu bar.
+namespace MenuPainting {
+
+/// Room between a menu's edge and its entries.
+inline constexpr int inset = 6;
+
+void panel(QPainter& painter, const QRect& area);
+void item(QPainter& painter, const QStyleOptionMenuItem& option);
+QSize itemSize(const QStyleOptionMenuItem& option, const QSize& textSize);
+
+void barItem(QPainter& painter, const QStyleOptionMenuItem& option);
+QSize barItemSize(const QSize& textSize);
+
+} // namespace MenuPainting
