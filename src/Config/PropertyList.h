@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+/// Looks up texts in property lists, the XML and binary forms alike. No bytes, however malformed, do more
+/// harm than to be no list.
+namespace PropertyList {
+
+/// A larger list is refused: the parser's time grows with the square of some inputs.
+inline constexpr qint64 maximumSize = 64 * 1024;
+
+/// The text under a key of the dictionary at the list's root. Nothing when the bytes are no such list, or
+/// when the key holds another type or an empty text.
+std::optional<QString> text(const QByteArray& list, const QString& key);
+
+} // namespace PropertyList

@@ -1,0 +1,46 @@
+#include "DesktopUploadDraft.h"
+
+#include "ByteCount.h"
+
+#include <QFileInfo>
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+
+QString DesktopUploadDraft::detail() const
+{
+    QStringList parts{fileName()};
+    const QFileInfo file(url.toLocalFile());
+    if (file.isFile() && file.isReadable())
+        parts.append(formattedByteCount(file.size()));
+    return parts.join(u" • "_s);
+}
+
+const QList<UploadCategory>& uploadCategories()
+{
+    static const QList<UploadCategory> categories{
+        {u"notarized_document"_s, u"Notarized Document"_s},
+        {u"government_id"_s, u"Government ID"_s},
+        {u"supporting_document"_s, u"Supporting Document"_s},
+        {u"apostille_document"_s, u"Apostille Document"_s},
+    };
+    return categories;
+}
+
+void addDrafts(QList<DesktopUploadDraft>& drafts, const QList<QUrl>& files)
+{
+    QSet<QUrl> known;
+    for (const DesktopUploadDraft& draft : drafts)
+        known.insert(DesktopFileHelpers::standardized(draft.url));
+    for (const QUrl& file : files) {
+        const QUrl url = DesktopFileHelpers::standardized(file);
+        if (url.isEmpty() || known.contains(url))
+            continue;
+        known.insert(url);
+        drafts.append({
+            .url = url,
+            .label = DesktopFileHelpers::suggestedLabel(url),
+            .category = DesktopFileHelpers::suggestedCategory(url),
+        });
+    }
+}

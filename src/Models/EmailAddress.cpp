@@ -1,0 +1,9 @@
+#include "EmailAddress.h"
+
+#include <QStringList>
+
+bool isValidEmail(const QString& text)
+{
+    const QStringList pieces = text.split(u'@', Qt::SkipEmptyParts);
+    return pieces.size() == 2 && pieces.at(1).contains(u'.') && text.toUcs4().size() > 4;
+}
