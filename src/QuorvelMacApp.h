@@ -12,8 +12,8 @@ class MenuBarExtra;
 class PortalAppearance;
 class SettingsDefaults;
 
-/// The application: makes what lasts as long as the process, declares the main window and the status-bar menu,
-/// and keeps running when the window closes.
+/// The application: makes what lasts as long as the process, declares the main window and the status-bar
+/// menu, and keeps running when the window closes.
 class QuorvelMacApp : public QObject
 {
     Q_OBJECT
@@ -27,7 +27,6 @@ public:
 
 private:
     void openMainWindow();
-    void applyAppearance();
 
     // From the ground up: what comes later uses what comes earlier.
     const AppConfig config_;

@@ -4,38 +4,31 @@
 
 #include <QVBoxLayout>
 
-Page::Page(int maxWidth, QWidget* parent)
-    : QScrollArea(parent), maxWidth_(maxWidth), content_(new QWidget), column_(new QVBoxLayout)
+Page::Page(int maxWidth, Place place, QWidget* parent)
+    : ScrollPage(new QWidget, parent), maxWidth_(maxWidth), place_(place), column_(new QVBoxLayout)
 {
-    setFrameShape(QFrame::NoFrame);
-    setWidgetResizable(true);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    // The arrow keys of the page itself scroll through its bar; the page is no stop for Tab.
-    setFocusPolicy(Qt::NoFocus);
-
-    auto* outer = new QVBoxLayout(content_);
+    auto* outer = new QVBoxLayout(widget());
     outer->setContentsMargins(0, 0, 0, 0);
     outer->addLayout(column_);
     outer->addStretch();
-    setWidget(content_);
-    // The content background shows through.
-    viewport()->setAutoFillBackground(false);
-    content_->setAutoFillBackground(false);
     arrange();
 }
 
 void Page::resizeEvent(QResizeEvent* event)
 {
-    QScrollArea::resizeEvent(event);
+    ScrollPage::resizeEvent(event);
     arrange();
 }
 
 void Page::arrange()
 {
-    const bool compact = width() < Spacing::compactBelow;
-    const int padding = compact ? Spacing::pageCompact : Spacing::page;
-    const int side = std::max(padding, (viewport()->width() - maxWidth_) / 2);
-    content_->layout()->setContentsMargins(side, padding, side, padding);
+    const bool isDetail = place_ == Place::detail;
+    const bool compact = width() < (isDetail ? Spacing::compactDetailBelow : Spacing::compactBelow);
+    const int padding = isDetail ? (compact ? Spacing::detailCompact : Spacing::detail)
+                                 : (compact ? Spacing::pageCompact : Spacing::page);
+    const int spare = std::max(0, viewport()->width() - 2 * padding - maxWidth_);
+    const int before = isDetail ? 0 : spare / 2;
+    widget()->layout()->setContentsMargins(padding + before, padding, padding + spare - before, padding);
     column_->setSpacing(compact ? Spacing::betweenCardsCompact : Spacing::betweenCards);
     if (compact != std::exchange(compact_, compact))
         emit compactChanged(compact_);

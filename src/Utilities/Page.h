@@ -1,18 +1,25 @@
 #pragma once
 
-#include <QScrollArea>
+#include "Components/ScrollPage.h"
 
 class QVBoxLayout;
 
-/// A screen that scrolls as one column over the content background. The column is centred and at most so
+/// A screen that scrolls as one column over the content background. The column is at most so
 /// wide; where the page is narrow it is compact: less room around and between the cards.
-class Page : public QScrollArea
+class Page : public ScrollPage
 {
     Q_OBJECT
 
 public:
+    enum class Place
+    {
+        screen, ///< the whole content area; the column is centred in it
+        detail, ///< beside a list; the column keeps to its leading edge
+    };
+
     /// \param maxWidth  of the column, in pixels, without the room around it
-    explicit Page(int maxWidth, QWidget* parent = nullptr);
+    explicit Page(int maxWidth, QWidget* parent = nullptr) : Page(maxWidth, Place::screen, parent) { }
+    Page(int maxWidth, Place place, QWidget* parent = nullptr);
 
     /// Where the page's content goes, from top to bottom. Room between its items follows the page's width.
     QVBoxLayout* column() const { return column_; }
@@ -28,7 +35,7 @@ private:
     void arrange();
 
     int maxWidth_;
+    Place place_;
     bool compact_ = false;
-    QWidget* content_;
     QVBoxLayout* column_;
 };

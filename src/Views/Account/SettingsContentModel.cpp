@@ -4,3 +4,13 @@ QList<AppAppearanceMode> SettingsContentModel::appearanceChoices()
 {
     return {AppAppearanceMode::light, AppAppearanceMode::dark, AppAppearanceMode::system};
 }
+
+void SettingsContentModel::contactSupport()
+{
+    context().systemOpen.composeMail(context().backend.config.supportEmail);
+}
+
+void SettingsContentModel::visitWebsite()
+{
+    context().systemOpen.openWebsite(context().backend.config.websiteURL);
+}

@@ -23,4 +23,7 @@ public:
     void signOut() { auth().signOut(); }
     /// The way to the sign-in screen for somebody who is signed out.
     void signIn() { router().open(AppSection::book); }
+    /// A new message to the service's support address.
+    void contactSupport();
+    void visitWebsite();
 };

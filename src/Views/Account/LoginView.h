@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Account/LoginModel.h"
+
+#include <QWidget>
+
+class ScrollPage;
+class WelcomePanel;
+
+/// Signing in and registering: the welcome panel on the left, the form on the right.
+class LoginView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit LoginView(std::shared_ptr<LoginModel> model, QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    QWidget* makeForm();
+    QWidget* makeRequester();
+    QWidget* makeModeSwitch();
+    QWidget* makeHeading();
+    QWidget* makeFields();
+    QWidget* makeSubmit();
+    /// Runs `apply` with the mode now and whenever it changes.
+    void followMode(std::function<void(bool isRegistering)> apply);
+    void submit();
+
+    std::shared_ptr<LoginModel> model_;
+    WelcomePanel* welcome_;
+    ScrollPage* form_;
+};

@@ -1,0 +1,140 @@
+#include "Lists/ListDetailView.h"
+
+#include "Components/EmptyStateView.h"
+#include "Components/LoadingLine.h"
+#include "Components/PlainLabel.h"
+#include "Components/SearchField.h"
+#include "Components/SoftDivider.h"
+#include "Layouts.h"
+#include "Lists/RowListView.h"
+#include "Palette.h"
+#include "Spacing.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QStackedLayout>
+
+namespace {
+
+constexpr double listShare = 0.375;
+constexpr int listLeast = 312;
+constexpr int listMost = 400;
+constexpr int headerPadding = 16;
+constexpr int rowsPadding = 6;
+
+} // namespace
+
+ListDetailView::ListDetailView(const Texts& texts, RowListModel& rows, QWidget* parent)
+    : QWidget(parent), pane_(new QWidget(this)), subtitle_(new PlainLabel({}, Type::small, Brand::steel)),
+      search_(new SearchField(texts.searchPlaceholder)), filters_(Layouts::row(Spacing::fieldsAcross)),
+      list_(new RowListView(texts.title, rows)), listArea_(new QStackedLayout)
+{
+    auto* column = Layouts::column(0, {makeHeader(texts), new SoftDivider});
+    column->addWidget(makeListArea(texts), 1);
+    pane_->setLayout(column);
+    search_->installEventFilter(this);
+    connect(&rows, &QAbstractItemModel::modelReset, this, &ListDetailView::updateListArea);
+    updateListArea();
+}
+
+QWidget* ListDetailView::makeHeader(const Texts& texts)
+{
+    auto* column = Layouts::column(0, {new PlainLabel(texts.title, Type::title), subtitle_});
+    column->setContentsMargins(headerPadding, 20, headerPadding, 12);
+    column->addSpacing(12);
+    column->addWidget(search_);
+    column->addSpacing(12);
+    column->addLayout(filters_);
+    return Layouts::holding(column);
+}
+
+QWidget* ListDetailView::makeListArea(const Texts& texts)
+{
+    auto* loading = Layouts::column(0, {new LoadingLine(texts.loading)});
+    loading->setContentsMargins(headerPadding, headerPadding, headerPadding, headerPadding);
+    loading->addStretch();
+    loadingPlace_ = Layouts::holding(loading);
+    emptyPlace_ = new EmptyStateView(texts.emptyIcon, texts.emptyTitle, texts.emptyMessage);
+    listArea_->addWidget(list_);
+    listArea_->addWidget(loadingPlace_);
+    listArea_->addWidget(emptyPlace_);
+    auto* padded = Layouts::column(0);
+    padded->setContentsMargins(rowsPadding, rowsPadding, rowsPadding, 0);
+    padded->addLayout(listArea_);
+    return Layouts::holding(padded);
+}
+
+void ListDetailView::setSubtitle(const QString& subtitle)
+{
+    subtitle_->setText(subtitle);
+}
+
+void ListDetailView::addFilter(QWidget* filter)
+{
+    filters_->addWidget(filter);
+}
+
+void ListDetailView::setLoading(bool loading)
+{
+    loading_ = loading;
+    updateListArea();
+}
+
+void ListDetailView::updateListArea()
+{
+    if (list_->model()->rowCount() > 0)
+        listArea_->setCurrentWidget(list_);
+    else
+        listArea_->setCurrentWidget(loading_ ? loadingPlace_ : emptyPlace_);
+}
+
+void ListDetailView::setDetail(QWidget* detail)
+{
+    if (detail_) {
+        detail_->hide();
+        detail_->deleteLater();
+    }
+    detail_ = detail;
+    detail_->setParent(this);
+    detail_->setGeometry(rect().adjusted(pane_->width() + 1, 0, 0, 0));
+    detail_->show();
+}
+
+/// From the search, the arrow and page keys go on in the list.
+bool ListDetailView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == search_ && event->type() == QEvent::KeyPress) {
+        const auto key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Down || key == Qt::Key_PageDown) {
+            list_->setFocus(Qt::TabFocusReason);
+            if (!list_->currentIndex().isValid())
+                list_->setCurrentIndex(list_->model()->index(0, 0));
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void ListDetailView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    // The pane follows the round corner of the content behind it.
+    const QRectF area = pane_->geometry();
+    QPainterPath shape(area.bottomLeft());
+    shape.lineTo(area.left(), area.top() + Radius::card);
+    shape.quadTo(area.topLeft(), QPointF(area.left() + Radius::card, area.top()));
+    shape.lineTo(area.topRight());
+    shape.lineTo(area.bottomRight());
+    painter.fillPath(shape, Palette::color(Brand::card));
+    painter.fillRect(QRectF(area.right(), area.top(), 1, area.height()), Palette::color(Brand::line));
+}
+
+void ListDetailView::resizeEvent(QResizeEvent*)
+{
+    const int paneWidth = std::clamp(int(width() * listShare), listLeast, listMost);
+    pane_->setGeometry(0, 0, paneWidth, height());
+    if (detail_)
+        detail_->setGeometry(rect().adjusted(paneWidth + 1, 0, 0, 0));
+}

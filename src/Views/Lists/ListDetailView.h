@@ -1,0 +1,66 @@
+#pragma once
+
+#include "Screen/RowListModel.h"
+
+#include <QWidget>
+
+class EmptyStateView;
+class LoadingLine;
+class PlainLabel;
+class QHBoxLayout;
+class QStackedLayout;
+class RowListView;
+class SearchField;
+
+/// A list with its search on the left, what is selected in it on the right: the arrangement of every screen
+/// that works through records.
+class ListDetailView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    struct Texts
+    {
+        QString title;
+        QString searchPlaceholder;
+        QString loading;
+        QString emptyIcon;
+        QString emptyTitle;
+        QString emptyMessage;
+    };
+
+    /// The rows must outlive the view.
+    ListDetailView(const Texts& texts, RowListModel& rows, QWidget* parent = nullptr);
+
+    void setSubtitle(const QString& subtitle);
+    /// Puts a widget, such as a picker, under the search field.
+    void addFilter(QWidget* filter);
+    /// While loading, a list without rows says so; one with rows keeps showing them.
+    void setLoading(bool loading);
+    /// Takes the detail's place; the detail shown before is deleted.
+    void setDetail(QWidget* detail);
+
+    SearchField* searchField() const { return search_; }
+    RowListView* list() const { return list_; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    QWidget* makeHeader(const Texts& texts);
+    QWidget* makeListArea(const Texts& texts);
+    void updateListArea();
+
+    QWidget* pane_;
+    PlainLabel* subtitle_;
+    SearchField* search_;
+    QHBoxLayout* filters_;
+    RowListView* list_;
+    QStackedLayout* listArea_;
+    QWidget* loadingPlace_;
+    QWidget* emptyPlace_;
+    QWidget* detail_ = nullptr;
+    bool loading_ = false;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QWidget>
+
+/// The area beside the sidebar: the content background with its one round corner, and the screen on it.
+class ContentPane : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ContentPane(QWidget* parent = nullptr);
+
+    /// Takes the screen's place; the screen shown before is deleted.
+    void setScreen(QWidget* screen);
+    QWidget* screen() const { return screen_; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void placeScreen();
+
+    QWidget* screen_ = nullptr;
+};

@@ -1,0 +1,128 @@
+#include "Shell/MainWindow.h"
+
+#include "Account/LoginView.h"
+#include "Account/SettingsContentView.h"
+#include "Booking/BookRemoteNotaryView.h"
+#include "Components/EmptyStateView.h"
+#include "Sessions/SessionsView.h"
+#include "Shell/ContentPane.h"
+#include "Shell/DashboardHomeView.h"
+#include "Shell/Sidebar.h"
+
+#include <QHBoxLayout>
+#include <QMenuBar>
+#include <QShowEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize leastSize(980, 680);
+constexpr QSize firstSize(1180, 760);
+constexpr int sidebarWidth = 220;
+constexpr int wideSidebarWidth = 240;
+constexpr int wideFrom = 1440;
+
+} // namespace
+
+MainWindow::MainWindow(MainWindowModel& model, AppearanceModel& appearance)
+    : model_(model), appearance_(appearance), sidebar_(new Sidebar(model)), content_(new ContentPane)
+{
+    setMinimumSize(leastSize);
+    resize(firstSize);
+    addApplicationMenu();
+
+    auto* columns = new QWidget;
+    auto* layout = new QHBoxLayout(columns);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(sidebar_);
+    layout->addWidget(content_, 1);
+    setCentralWidget(columns);
+
+    connect(&model_, &MainWindowModel::screenChanged, this, &MainWindow::showScreen);
+    showScreen();
+}
+
+void MainWindow::addApplicationMenu()
+{
+    QMenu* menu = menuBar()->addMenu(u"Quorvel"_s);
+    const auto add = [this, menu](const QString& title, const QKeySequence& shortcut, AppSection section) {
+        QAction* action = menu->addAction(title);
+        action->setShortcut(shortcut);
+        connect(
+            action, &QAction::triggered, this, [this, section] { model_.context().router.open(section); });
+    };
+    add(u"Book Remote Notary"_s, Qt::CTRL | Qt::SHIFT | Qt::Key_B, AppSection::book);
+    add(u"Sessions"_s, Qt::CTRL | Qt::SHIFT | Qt::Key_S, AppSection::sessions);
+    menu->addSeparator();
+    add(u"Settings"_s, Qt::CTRL | Qt::Key_Comma, AppSection::settings);
+}
+
+void MainWindow::present()
+{
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
+void MainWindow::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    if (!event->spontaneous())
+        model_.appeared();
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    sidebar_->setFixedWidth(width() < wideFrom ? sidebarWidth : wideSidebarWidth);
+}
+
+void MainWindow::showScreen()
+{
+    setWindowTitle(model_.windowTitle());
+    content_->setScreen(makeScreen());
+}
+
+QWidget* MainWindow::makeScreen()
+{
+    switch (model_.gate()) {
+    case MainWindowModel::Gate::open:
+        return makeSectionScreen();
+    case MainWindowModel::Gate::signIn: {
+        const MainWindowModel::Header asking = model_.signInHeader();
+        return new LoginView(
+            std::make_shared<LoginModel>(model_.context(), asking.title, asking.systemImage));
+    }
+    case MainWindowModel::Gate::restricted:
+        return new EmptyStateView(u"lock.fill"_s, u"Access Restricted"_s, model_.restrictionMessage());
+    }
+    Q_UNREACHABLE();
+}
+
+QWidget* MainWindow::makeSectionScreen()
+{
+    const ScreenContext& context = model_.context();
+    const AppSection section = model_.selectedSection();
+    switch (section) {
+    case AppSection::dashboard:
+        return new DashboardHomeView(DashboardHomeModel(context));
+    case AppSection::book:
+        return new BookRemoteNotaryView(model_.booking());
+    case AppSection::sessions:
+        return new SessionsView(std::make_shared<SessionsModel>(context));
+    case AppSection::settings:
+        return new SettingsContentView(std::make_shared<SettingsContentModel>(context, appearance_));
+    case AppSection::businessDashboard:
+    case AppSection::notaryDashboard:
+    case AppSection::adminDashboard:
+    case AppSection::adminRecords:
+    case AppSection::adminUsers:
+    case AppSection::adminNotaries:
+        break;
+    }
+    return new EmptyStateView(
+        systemImage(section), title(section), u"This workspace is not part of this version yet."_s);
+}

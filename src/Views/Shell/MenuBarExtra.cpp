@@ -1,0 +1,41 @@
+#include "Shell/MenuBarExtra.h"
+
+#include "Symbols.h"
+
+using namespace Qt::StringLiterals;
+
+MenuBarExtra::MenuBarExtra(const ScreenContext& context, MenuBarDropdownModel model)
+    : model_(std::move(model))
+{
+    rebuild();
+    onUser_ = context.auth.user.addNotifier([this] { rebuild(); });
+    onRole_ = context.auth.activeRole.addNotifier([this] { rebuild(); });
+    item_.setToolTip(u"Quorvel"_s);
+    item_.setIcon(Symbols::icon(u"checkmark.seal.fill"_s, Brand::navy));
+    item_.setContextMenu(&menu_);
+    item_.show();
+}
+
+/// Menus read "&" as the mark of a mnemonic; names and titles mean the character.
+static QString literal(QString text)
+{
+    return text.replace(u'&', u"&&"_s);
+}
+
+void MenuBarExtra::rebuild()
+{
+    menu_.clear();
+    for (const MenuBarDropdownModel::Item& item : model_.items()) {
+        if (item.isSeparator()) {
+            menu_.addSeparator();
+            continue;
+        }
+        QAction* action = menu_.addAction(literal(item.title));
+        action->setEnabled(!item.isText());
+        if (item.isText())
+            continue;
+        action->setIcon(Symbols::icon(item.systemImage));
+        // Queued, because what an item does may rebuild this very menu.
+        connect(action, &QAction::triggered, this, item.action, Qt::QueuedConnection);
+    }
+}

@@ -1,0 +1,120 @@
+#include "Shell/Sidebar.h"
+
+#include "Components/Card.h"
+#include "Components/Chip.h"
+#include "Components/ComboBox.h"
+#include "Components/PlainLabel.h"
+#include "Components/SidebarEntry.h"
+#include "Layouts.h"
+#include "Palette.h"
+
+#include <QPainter>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int outerMargin = 12;
+constexpr int headerTile = 40;
+
+} // namespace
+
+Sidebar::Sidebar(MainWindowModel& model, QWidget* parent)
+    : QWidget(parent), model_(model), column_(Layouts::column(0))
+{
+    setLayout(column_);
+    column_->setContentsMargins(outerMargin, outerMargin, outerMargin, outerMargin);
+    connect(&model_, &MainWindowModel::sidebarChanged, this, &Sidebar::update);
+    rebuild();
+}
+
+/// Selection changes often and must keep the keyboard focus where it is; only other people or other roles
+/// change what there is to select.
+void Sidebar::update()
+{
+    if (shownFor_ != audience())
+        rebuild();
+    for (const auto& [section, entry] : entries_)
+        entry->setChecked(section == model_.selectedSection());
+}
+
+Sidebar::Audience Sidebar::audience() const
+{
+    const MainWindowModel::Header header = model_.header();
+    QList<AppSection> sections;
+    for (const MainWindowModel::Group& group : model_.groups())
+        sections += group.sections;
+    return {header.title, header.caption, header.systemImage, model_.switchableRoles(), sections};
+}
+
+void Sidebar::rebuild()
+{
+    shownFor_ = audience();
+    Layouts::clear(column_);
+    entries_.clear();
+    addHeader();
+    addRoleSwitcher();
+    for (const MainWindowModel::Group& group : model_.groups())
+        addGroup(group);
+    column_->addStretch();
+}
+
+void Sidebar::addHeader()
+{
+    const MainWindowModel::Header header = model_.header();
+    auto* name = new PlainLabel(header.title, Type::sub);
+    auto* caption = new PlainLabel(header.caption, Type::small, Brand::steel);
+    name->setFit(PlainLabel::Fit::elide);
+    caption->setFit(PlainLabel::Fit::elide);
+
+    auto* row = Layouts::row(12);
+    row->setContentsMargins(8, 0, 0, 0);
+    row->addWidget(new Chip(header.systemImage, headerTile, Chip::Look::dark));
+    row->addLayout(Layouts::column(0, {name, caption}), 1);
+    column_->addLayout(row);
+    column_->addSpacing(outerMargin);
+}
+
+void Sidebar::addRoleSwitcher()
+{
+    const QList<AppRole> roles = model_.switchableRoles();
+    if (roles.isEmpty())
+        return;
+    QList<ComboBox::Option> options;
+    for (const AppRole role : roles)
+        options += {title(role), rawValue(role), systemImage(role)};
+    auto* picker = new ComboBox(options);
+    picker->setCompact(true);
+    picker->setValue(rawValue(model_.context().auth.role()));
+    connect(picker, &ComboBox::valueChanged, this, [this](const QString& value) {
+        if (const std::optional<AppRole> role = appRole(value))
+            model_.switchRole(*role);
+    });
+
+    auto* card = new Card(outerMargin);
+    card->add(new PlainLabel(u"Active Workspace"_s, Type::group));
+    card->add(new LabeledField(u"Role"_s, picker, LabeledField::Placement::beside), 8);
+    column_->addWidget(card);
+    column_->addSpacing(outerMargin);
+}
+
+void Sidebar::addGroup(const MainWindowModel::Group& group)
+{
+    auto* heading = new PlainLabel(group.title, Type::group, Brand::steel);
+    heading->setContentsMargins(8, 4, 8, 4);
+    column_->addWidget(heading);
+    for (const AppSection section : group.sections) {
+        auto* entry = new SidebarEntry(title(section), systemImage(section));
+        entry->setChecked(section == model_.selectedSection());
+        connect(entry, &SidebarEntry::clicked, this, [this, section] { model_.select(section); });
+        column_->addWidget(entry);
+        column_->addSpacing(2);
+        entries_ += {section, entry};
+    }
+    column_->addSpacing(8);
+}
+
+void Sidebar::paintEvent(QPaintEvent*)
+{
+    QPainter(this).fillRect(rect(), Palette::color(Brand::panel));
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Shell/MainWindowModel.h"
+
+#include <QWidget>
+
+class QVBoxLayout;
+
+/// Who is here, in which role, and where they can go.
+class Sidebar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// The model must outlive the sidebar.
+    explicit Sidebar(MainWindowModel& model, QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    /// What the sidebar is built for; it is built anew only when this changes.
+    struct Audience
+    {
+        QString title;
+        QString caption;
+        QString systemImage;
+        QList<AppRole> roles;
+        QList<AppSection> sections;
+
+        bool operator==(const Audience&) const = default;
+    };
+
+    Audience audience() const;
+    void update();
+    void rebuild();
+    void addHeader();
+    void addRoleSwitcher();
+    void addGroup(const MainWindowModel::Group& group);
+
+    MainWindowModel& model_;
+    QVBoxLayout* column_;
+    Audience shownFor_;
+    QList<std::pair<AppSection, class SidebarEntry*>> entries_;
+};
