@@ -7,6 +7,8 @@ namespace Spacing {
 
 inline constexpr int page = 28;
 inline constexpr int pageCompact = 20;
+inline constexpr int detail = 20;
+inline constexpr int detailCompact = 16;
 inline constexpr int card = 20;
 inline constexpr int cardCompact = 16;
 inline constexpr int betweenCards = 20;
@@ -18,6 +20,7 @@ inline constexpr int buttons = 12;
 inline constexpr int fieldPadding = 12;
 /// Where the content is narrower than this, pages are compact.
 inline constexpr int compactBelow = 880;
+inline constexpr int compactDetailBelow = 560;
 
 } // namespace Spacing
 

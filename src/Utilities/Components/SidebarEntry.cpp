@@ -44,6 +44,15 @@ void SidebarEntry::keyPressEvent(QKeyEvent* event)
         click();
 }
 
+void SidebarEntry::focusInEvent(QFocusEvent* event)
+{
+    const bool comesBack
+        = event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
+    if (!comesBack)
+        keyboardFocus_ = event->reason() != Qt::MouseFocusReason;
+    QAbstractButton::focusInEvent(event);
+}
+
 void SidebarEntry::checkStateSet()
 {
     QAccessible::State changed;
@@ -59,7 +68,7 @@ void SidebarEntry::paintEvent(QPaintEvent*)
     const QColor fill = isChecked() ? Palette::color(Brand::paleBlue)
         : hovered                   ? Palette::color(Brand::softBlue)
                                     : QColor(Qt::transparent);
-    const QColor edge = hasFocus() ? Palette::color(Brand::blue) : QColor();
+    const QColor edge = hasFocus() && keyboardFocus_ ? Palette::color(Brand::blue) : QColor();
     Paint::roundedRect(painter, rect(), Radius::control, fill, edge, focusEdge);
 
     const auto place

@@ -18,8 +18,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void checkStateSet() override;
+    void focusInEvent(QFocusEvent* event) override;
 
 private:
     QString title_;
     QString symbol_;
+    bool keyboardFocus_ = false;
 };

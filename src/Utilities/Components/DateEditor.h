@@ -1,0 +1,45 @@
+#pragma once
+
+#include "BrandStyle.h"
+
+#include <QDateTimeEdit>
+
+class CalendarPopup;
+
+/// What the fields for dates share: a date typed section by section or picked from a calendar, which the
+/// symbols in the field, F4 and Alt+Down open. It works on clock readings written as UTC. The wheel never
+/// changes it.
+class DateEditor : public QDateTimeEdit, public SpinBoxArrangement
+{
+    Q_OBJECT
+
+public:
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    QRect partRect(QStyle::SubControl part) const override;
+
+    void openCalendar();
+    CalendarPopup* calendar() const { return popup_; }
+
+protected:
+    enum class Kind
+    {
+        date,
+        dateAndTime
+    };
+
+    DateEditor(Kind kind, QWidget* parent);
+
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QRect leadingSymbol() const;
+    QRect trailingSymbol() const;
+
+    Kind kind_;
+    CalendarPopup* popup_ = nullptr;
+};

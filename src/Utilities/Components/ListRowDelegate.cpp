@@ -1,0 +1,183 @@
+#include "ListRowDelegate.h"
+
+#include "Chip.h"
+#include "Paint.h"
+#include "Palette.h"
+#include "PlainText.h"
+#include "Spacing.h"
+#include "StatusPill.h"
+#include "Symbols.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int across = 10;
+constexpr int between = 2;
+constexpr int metaGap = 4;
+constexpr int textGap = 10;
+constexpr int chipGap = 12;
+constexpr int barWidth = 3;
+constexpr int barInset = 12;
+/// A pill never takes more than this share of the row, so that the title stays readable.
+constexpr int pillShare = 2;
+
+void paintBackground(QPainter& painter, const QRect& area, QStyle::State state)
+{
+    const bool selected = state & QStyle::State_Selected;
+    const bool focused = state & QStyle::State_HasFocus;
+    const auto focusEdge = focused ? Palette::color(Brand::blue) : QColor();
+    if (selected) {
+        Paint::roundedRect(painter, area, Radius::block, Palette::color(Brand::softBlue), focusEdge, 2);
+        QRect bar(area.left(), area.top() + barInset, barWidth, area.height() - 2 * barInset);
+        if (painter.layoutDirection() == Qt::RightToLeft)
+            bar.moveRight(area.right());
+        Paint::roundedRect(painter, bar, barWidth / 2.0, Palette::color(Brand::blue));
+    } else if (state & QStyle::State_MouseOver) {
+        Paint::roundedRect(painter, area, Radius::block, Palette::color(Brand::panel),
+            focused ? focusEdge : Palette::color(Brand::line), focused ? 2 : 1);
+    } else if (focused) {
+        Paint::roundedRect(painter, area, Radius::block, Qt::transparent, focusEdge, 2);
+    }
+}
+
+} // namespace
+
+/// Where the parts of a row are, from left to right; mirrored when painted.
+struct ListRowDelegate::Places
+{
+    QRect row; ///< without the room between rows
+    QRect chip;
+    QRect title;
+    QPoint pillTopRight;
+    int pillWidth = 0;
+    QRect chevron;
+    QList<QRect> lines;
+};
+
+ListRowDelegate::ListRowDelegate(Reader reader, const Options& options, QObject* parent)
+    : QStyledItemDelegate(parent), reader_(std::move(reader)), options_(options)
+{ }
+
+int ListRowDelegate::firstLineHeight() const
+{
+    const bool besideTitle = options_.chevron && !options_.pillCentred;
+    return besideTitle ? qMax(Type::lineHeight(Type::strong), Height::pill())
+                       : Type::lineHeight(Type::strong);
+}
+
+QSize ListRowDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const
+{
+    int texts = firstLineHeight() + options_.textLines * Type::lineHeight(Type::small);
+    if (options_.metaLine)
+        texts += metaGap;
+    const int content = options_.chip ? qMax(texts, Type::scaled(36)) : texts;
+    return {0, content + 2 * options_.padding + between};
+}
+
+ListRowDelegate::Places ListRowDelegate::placesOf(const ListRow& row, const QRect& area) const
+{
+    Places places;
+    places.row = area.adjusted(0, 0, 0, -between);
+    QRect inner = places.row.adjusted(across, options_.padding, -across, -options_.padding);
+    if (options_.chip) {
+        const int edge = Type::scaled(36);
+        places.chip = QRect(inner.left(), places.row.center().y() - edge / 2 + 1, edge, edge);
+        inner.setLeft(places.chip.right() + 1 + chipGap);
+    }
+    if (options_.chevron) {
+        const int edge = IconSize::chevron();
+        places.chevron = QRect(inner.right() - edge + 1, places.row.center().y() - edge / 2 + 1, edge, edge);
+        inner.setRight(places.chevron.left() - 1 - textGap);
+    }
+    const int first = firstLineHeight();
+    places.title = QRect(inner.left(), inner.top(), inner.width(), first);
+    int linesRight = inner.right();
+    if (row.showsPill()) {
+        const int wanted = PlainText::width(StatusPill::wording(row.pill), Type::group) + 20;
+        places.pillWidth = qMin(wanted, inner.width() / pillShare);
+        const int top = options_.pillCentred ? places.row.center().y() - Height::pill() / 2 + 1
+                                             : inner.top() + (first - Height::pill()) / 2;
+        places.pillTopRight = {inner.right() + 1, top};
+        places.title.setRight(inner.right() - places.pillWidth - textGap);
+        if (options_.pillCentred)
+            linesRight = places.title.right();
+    }
+    int top = inner.top() + first;
+    const int height = Type::lineHeight(Type::small);
+    for (int line = 0; line < options_.textLines; ++line) {
+        if (options_.metaLine && line == options_.textLines - 1)
+            top += metaGap;
+        places.lines += QRect(QPoint(inner.left(), top), QPoint(linesRight, top + height - 1));
+        top += height;
+    }
+    return places;
+}
+
+void ListRowDelegate::paint(
+    QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    const auto row = reader_(index);
+    auto places = placesOf(row, option.rect);
+    const auto visual
+        = [&](const QRect& box) { return QStyle::visualRect(option.direction, option.rect, box); };
+    painter->save();
+    painter->setLayoutDirection(option.direction);
+    auto state = option.state;
+    state.setFlag(QStyle::State_HasFocus, showsFocus_ && state & QStyle::State_HasFocus);
+    paintBackground(*painter, places.row, state);
+    if (options_.chip)
+        Chip::draw(*painter, visual(places.chip), row.chip,
+            option.state & QStyle::State_Selected ? Chip::Look::plain : Chip::Look::soft);
+    PlainText::draw(*painter, visual(places.title), row.title, Type::strong, Palette::color(Brand::ink));
+    if (row.showsPill()) {
+        const QRect box(places.pillTopRight.x() - places.pillWidth, places.pillTopRight.y(), places.pillWidth,
+            Height::pill());
+        const auto shown = visual(box);
+        StatusPill::draw(*painter, {qreal(shown.right() + 1), qreal(shown.top())}, row.pill, shown.width());
+    }
+    const auto steel = Palette::color(Brand::steel);
+    for (int line = 0; line < places.lines.size(); ++line) {
+        auto box = places.lines[line];
+        const bool last = line == places.lines.size() - 1;
+        if (last && !row.trailing.isEmpty()) {
+            const int width = qMin(PlainText::width(row.trailing, Type::caption), box.width() / 2);
+            const QRect word(box.right() - width + 1, box.top(), width, box.height());
+            PlainText::draw(*painter, visual(word), row.trailing, Type::caption, steel);
+            box.setRight(word.left() - 1 - textGap);
+        }
+        if (last && options_.metaLine) {
+            const int edge = Type::scaled(14);
+            const QRect icon(box.left(), box.center().y() - edge / 2 + 1, edge, edge);
+            if (!row.metaSymbol.isEmpty())
+                Symbols::paint(*painter, visual(icon), row.metaSymbol, steel);
+            box.setLeft(icon.right() + 1 + 6);
+            PlainText::draw(*painter, visual(box), row.meta, Type::small, steel);
+        } else {
+            PlainText::draw(*painter, visual(box), row.lines.value(line), Type::small, steel);
+        }
+    }
+    if (options_.chevron)
+        Symbols::paint(*painter, visual(places.chevron), u"chevron.right"_s, Palette::color(Brand::muted));
+    painter->restore();
+}
+
+bool ListRowDelegate::helpEvent(
+    QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option, const QModelIndex& index)
+{
+    if (event->type() != QEvent::ToolTip || !index.isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const auto row = reader_(index);
+    const auto places = placesOf(row, option.rect);
+    const bool cut = PlainText::width(row.title, Type::strong) > places.title.width();
+    if (cut)
+        QToolTip::showText(event->globalPos(), PlainText::toolTip(row.title), view);
+    else
+        QToolTip::hideText();
+    return true;
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "ListRow.h"
+
+#include <QStyledItemDelegate>
+
+#include <functional>
+
+/// Draws the rows of a list. Every row of a list is equally high, whatever its texts; what does not fit is
+/// elided and shown whole in a tool tip.
+class ListRowDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    struct Options
+    {
+        int textLines = 2; ///< under the title, the meta line included
+        bool metaLine = false; ///< whether the last of them is a meta line
+        bool chip = false;
+        bool chevron = true;
+        bool pillCentred = false; ///< beside all lines instead of beside the title
+        int padding = 12; ///< above and below the texts
+    };
+    using Reader = std::function<ListRow(const QModelIndex&)>;
+
+    /// \param reader  gives a row's texts; called for rows on screen only
+    ListRowDelegate(Reader reader, const Options& options, QObject* parent = nullptr);
+
+    /// Whether the current row of a focused list is outlined; a list that was clicked need not say so.
+    void setShowsFocus(bool shows) { showsFocus_ = shows; }
+
+    void paint(
+        QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+        const QModelIndex& index) override;
+
+private:
+    struct Places;
+    Places placesOf(const ListRow& row, const QRect& area) const;
+    int firstLineHeight() const;
+
+    Reader reader_;
+    Options options_;
+    bool showsFocus_ = true;
+};

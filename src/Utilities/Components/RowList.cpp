@@ -1,0 +1,91 @@
+#include "RowList.h"
+
+#include <QFocusEvent>
+#include <QScrollBar>
+
+namespace {
+
+constexpr int inset = 6;
+
+} // namespace
+
+RowList::RowList(const QString& label, ListRowDelegate::Reader reader,
+    const ListRowDelegate::Options& options, QWidget* parent)
+    : QListView(parent), delegate_(new ListRowDelegate(std::move(reader), options, this))
+{
+    setAccessibleName(label);
+    setItemDelegate(delegate_);
+    setFrameShape(QFrame::NoFrame);
+    setViewportMargins(inset, inset, inset, 0);
+    viewport()->setAutoFillBackground(false);
+    viewport()->setAttribute(Qt::WA_Hover);
+    setMouseTracking(true);
+    setUniformItemSizes(true);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTabKeyNavigation(false);
+}
+
+void RowList::setShowsAllRows(bool showsAll)
+{
+    showsAllRows_ = showsAll;
+    setVerticalScrollBarPolicy(showsAll ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+    setViewportMargins(showsAll ? 0 : inset, showsAll ? 0 : inset, showsAll ? 0 : inset, 0);
+    setSizePolicy(QSizePolicy::Expanding, showsAll ? QSizePolicy::Fixed : QSizePolicy::Expanding);
+    updateGeometry();
+}
+
+void RowList::setModel(QAbstractItemModel* model)
+{
+    QListView::setModel(model);
+    const auto resize = [this] { updateGeometry(); };
+    connect(model, &QAbstractItemModel::rowsInserted, this, resize);
+    connect(model, &QAbstractItemModel::rowsRemoved, this, resize);
+    connect(model, &QAbstractItemModel::modelReset, this, resize);
+    updateGeometry();
+}
+
+QSize RowList::sizeHint() const
+{
+    if (!showsAllRows_ || !model())
+        return QListView::sizeHint();
+    const int row = itemDelegate()->sizeHint({}, {}).height();
+    return {200, row * model()->rowCount()};
+}
+
+QSize RowList::minimumSizeHint() const
+{
+    return showsAllRows_ ? QSize(120, sizeHint().height()) : QSize(120, 0);
+}
+
+void RowList::focusInEvent(QFocusEvent* event)
+{
+    const bool comesBack
+        = event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
+    if (!comesBack)
+        showFocus(event->reason() != Qt::MouseFocusReason);
+    QListView::focusInEvent(event);
+    const bool nothingCurrent = !currentIndex().isValid() && model() && model()->rowCount() > 0;
+    if (nothingCurrent && event->reason() != Qt::MouseFocusReason)
+        selectionModel()->setCurrentIndex(model()->index(0, 0), QItemSelectionModel::NoUpdate);
+}
+
+void RowList::keyPressEvent(QKeyEvent* event)
+{
+    showFocus(true);
+    QListView::keyPressEvent(event);
+}
+
+void RowList::mousePressEvent(QMouseEvent* event)
+{
+    showFocus(false);
+    QListView::mousePressEvent(event);
+}
+
+void RowList::showFocus(bool shows)
+{
+    delegate_->setShowsFocus(shows);
+    viewport()->update();
+}

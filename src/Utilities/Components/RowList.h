@@ -1,0 +1,35 @@
+#pragma once
+
+#include "ListRowDelegate.h"
+
+#include <QListView>
+
+/// A list of rows: one can be selected, with the mouse or the arrow keys; Return or a double click opens it.
+/// Its model answers Qt::AccessibleTextRole with the row's title first.
+class RowList : public QListView
+{
+    Q_OBJECT
+
+public:
+    /// \param label  its accessible name
+    RowList(const QString& label, ListRowDelegate::Reader reader, const ListRowDelegate::Options& options,
+        QWidget* parent = nullptr);
+
+    /// Makes the list as high as its rows, for lists that scroll with their page.
+    void setShowsAllRows(bool showsAll);
+    void setModel(QAbstractItemModel* model) override;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+
+private:
+    void showFocus(bool shows);
+
+    ListRowDelegate* delegate_;
+    bool showsAllRows_ = false;
+};
