@@ -12,6 +12,7 @@
 #include "Launch.h"
 #include "Layouts.h"
 #include "Palette.h"
+#include "Spacing.h"
 
 #include <QGridLayout>
 #include <QPainter>

@@ -21,7 +21,6 @@ constexpr double listShare = 0.375;
 constexpr int listLeast = 312;
 constexpr int listMost = 400;
 constexpr int headerPadding = 16;
-constexpr int rowsPadding = 6;
 
 } // namespace
 
@@ -59,10 +58,7 @@ QWidget* ListDetailView::makeListArea(const Texts& texts)
     listArea_->addWidget(list_);
     listArea_->addWidget(loadingPlace_);
     listArea_->addWidget(emptyPlace_);
-    auto* padded = Layouts::column(0);
-    padded->setContentsMargins(rowsPadding, rowsPadding, rowsPadding, 0);
-    padded->addLayout(listArea_);
-    return Layouts::holding(padded);
+    return Layouts::holding(listArea_);
 }
 
 void ListDetailView::setSubtitle(const QString& subtitle)

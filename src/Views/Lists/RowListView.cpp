@@ -1,24 +1,29 @@
 #include "Lists/RowListView.h"
 
-#include "Components/ListRow.h"
-
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
-RowListView::RowListView(const QString& name, RowListModel& rows, QWidget* parent)
-    : QListView(parent), rows_(rows)
+static ListRow listRow(const QModelIndex& index)
 {
-    setAccessibleName(name);
-    setFrameShape(QFrame::NoFrame);
-    viewport()->setAutoFillBackground(false);
-    setSelectionMode(SingleSelection);
-    setEditTriggers(NoEditTriggers);
-    setUniformItemSizes(true);
-    setVerticalScrollMode(ScrollPerPixel);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setMouseTracking(true);
-    setTabKeyNavigation(false);
-    setItemDelegate(new ListRowDelegate(this));
+    ListRow row;
+    row.title = index.data(RowListModel::TitleRole).toString();
+    row.lines = QStringList{index.data(RowListModel::SecondaryRole).toString()};
+    row.metaSymbol = index.data(RowListModel::MetaIconRole).toString();
+    row.meta = index.data(RowListModel::MetaRole).toString();
+    row.pill = index.data(RowListModel::PillRole).toString();
+    return row;
+}
+
+static ListRowDelegate::Options shape()
+{
+    ListRowDelegate::Options options;
+    options.metaLine = true;
+    return options;
+}
+
+RowListView::RowListView(const QString& name, RowListModel& rows, QWidget* parent)
+    : RowList(name, listRow, shape(), parent), rows_(rows)
+{
     setModel(&rows_);
 }
 
@@ -40,7 +45,7 @@ void RowListView::showSelection()
 
 void RowListView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
-    QListView::currentChanged(current, previous);
+    RowList::currentChanged(current, previous);
     if (!showing_ && current.isValid())
         emit chosen(current.data(RowListModel::IdRole).toLongLong());
 }
@@ -50,7 +55,7 @@ void RowListView::reset()
 {
     const QScopedValueRollback<bool> showing(showing_, true);
     const int place = verticalScrollBar()->value();
-    QListView::reset();
+    RowList::reset();
     showSelection();
     verticalScrollBar()->setValue(place);
 }

@@ -1,12 +1,11 @@
 #pragma once
 
+#include "Components/RowList.h"
 #include "Screen/RowListModel.h"
-
-#include <QListView>
 
 /// A list of rows of which one is selected. The selection is the screen model's: the view asks for another
 /// row when the person clicks or moves to it, and shows what it is told, whatever rows come and go.
-class RowListView : public QListView
+class RowListView : public RowList
 {
     Q_OBJECT
 

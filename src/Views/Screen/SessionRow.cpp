@@ -6,7 +6,8 @@ SessionPeople sessionPeople(const SessionSummary& session)
 {
     const JSONObject& raw = session.raw;
     SessionPeople people;
-    people.client = raw.string(u"client_name"_s, raw.string(u"user_full_name"_s, raw.string(u"contact_name"_s)));
+    people.client
+        = raw.string(u"client_name"_s, raw.string(u"user_full_name"_s, raw.string(u"contact_name"_s)));
     people.email = raw.string(u"client_email"_s, raw.string(u"user_email"_s, raw.string(u"contact_email"_s)));
     return people;
 }
@@ -25,9 +26,9 @@ RowTexts sessionRow(const SessionSummary& session, const QString& when)
     row.metaIcon = u"doc.text.fill"_s;
     row.meta = documentType;
     row.pill = status;
-    row.search
-        = QStringList{session.reference(), people.client, people.email, status, documentType, when, signers.join(u' ')}
-              .join(u' ');
+    row.search = QStringList{session.reference(), people.client, people.email, status, documentType, when,
+        signers.join(u' ')}
+                     .join(u' ');
     row.filter = status.toLower();
     return row;
 }

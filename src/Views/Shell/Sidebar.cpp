@@ -3,6 +3,7 @@
 #include "Components/Card.h"
 #include "Components/Chip.h"
 #include "Components/ComboBox.h"
+#include "Components/LabeledField.h"
 #include "Components/PlainLabel.h"
 #include "Components/SidebarEntry.h"
 #include "Layouts.h"
