@@ -1,0 +1,71 @@
+#pragma once
+
+#include "Printing.h"
+#include "Screen/ScreenModel.h"
+#include "support/FakeWebSession.h"
+#include "support/InMemoryDefaults.h"
+
+#include <QJsonObject>
+
+#include <gmock/gmock.h>
+
+/// Notes what the desktop was asked to open.
+class RecordedOpens : public SystemOpen
+{
+public:
+    bool openWebsite(const QUrl& url) override;
+    bool composeMail(const QString& address) override;
+
+    QList<QUrl> websites;
+    QList<QString> mails;
+};
+
+/// An account that holds these roles besides the client's; its tokens and e-mail follow from the name.
+AuthUser account(const QString& name, const QList<AppRole>& roles = {});
+
+/// The object in a JSON text; fails the test when there is none.
+QJsonObject object(const QByteArray& json);
+
+/// What every screen is handed, with a web session whose answers the test gives when, and in whatever order,
+/// it wants. Requests are numbered from 0 in the order in which they were made.
+class ScreenTest : public testing::Test
+{
+protected:
+    ScreenTest();
+
+    /// Makes somebody the signed-in user, without a request.
+    void signIn(const AuthUser& user, AppRole role = AppRole::client);
+    /// The signed-in user leaves and another one comes.
+    void replaceUser(const AuthUser& user, AppRole role = AppRole::client);
+
+    qsizetype requestCount() const;
+    const Request& request(qsizetype number) const;
+    /// Method, path below the bridge's base and query: "GET /remote-notary/sessions?scope=business".
+    QString line(qsizetype number) const;
+    QByteArray header(qsizetype number, const QByteArray& name) const;
+    /// The bytes of a request's body, its files left out.
+    QByteArray text(qsizetype number) const;
+    QJsonObject body(qsizetype number) const;
+
+    /// Answers a request and lets everything happen that follows from it.
+    void answer(qsizetype number, const QByteArray& json, int status = 200);
+    void fail(qsizetype number, TransportError::Code code = TransportError::Code::TimedOut);
+    /// Lets everything happen that is ready to happen.
+    static void settle();
+
+    /// The texts of the alert, title first; empty when there is none.
+    static QList<QString> alertOf(const ScreenModel& model);
+
+    AppConfig config;
+    NotificationCenter notifications;
+    SignInEpoch epoch;
+    InMemoryDefaults defaults;
+    RecordedOpens systemOpen;
+    AppRouter router{notifications};
+    std::unique_ptr<FakeWebSession> webSession = std::make_unique<FakeWebSession>();
+    Backend backend{*webSession, notifications, epoch, config};
+    AuthManager auth{backend, defaults};
+    /// What the screens take for the current moment.
+    QDateTime now = QDateTime::fromString(QStringLiteral("2025-06-02T12:00:00Z"), Qt::ISODate);
+    ScreenContext context{auth, router, systemOpen, backend, [this] { return now; }};
+};
