@@ -81,6 +81,12 @@ QRect scrollBarPart(const QStyleOptionSlider& bar, QStyle::SubControl part)
     }
 }
 
+/// The popup that holds a picker's list.
+bool isListOfPicker(const QWidget* widget)
+{
+    return widget && widget->inherits("QComboBoxPrivateContainer");
+}
+
 /// A window of its own with rounded corners.
 void roundCorners(QWidget* popup)
 {
@@ -148,8 +154,13 @@ int BrandStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
     switch (metric) {
     case PM_FocusFrameHMargin:
     case PM_FocusFrameVMargin:
-        if (qobject_cast<const QFocusFrame*>(widget))
+        // Only a focus frame asks without naming a widget.
+        if (!widget || qobject_cast<const QFocusFrame*>(widget))
             return 4;
+        break;
+    case PM_DefaultFrameWidth:
+        if (isListOfPicker(widget))
+            return MenuPainting::inset;
         break;
     case PM_ScrollBarExtent:
     case PM_ScrollView_ScrollBarOverlap:

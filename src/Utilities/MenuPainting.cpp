@@ -95,8 +95,9 @@ QSize itemSize(const QStyleOptionMenuItem& option, const QSize& textSize)
     int width = 2 * padding + PlainText::width(spoken(parts[0]), Type::body);
     if (hasIconColumn(option))
         width += IconSize::sidebar() + iconGap;
+    // The menu adds the width of the widest shortcut itself.
     if (parts.size() > 1)
-        width += shortcutGap + PlainText::width(parts[1], Type::small);
+        width += shortcutGap;
     if (option.menuItemType == QStyleOptionMenuItem::SubMenu)
         width += shortcutGap;
     return {width, Height::compact()};

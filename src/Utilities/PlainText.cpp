@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QStyle>
+#include <QTextDocument>
 
 #include <cmath>
 
@@ -15,6 +16,8 @@ namespace {
 constexpr qsizetype longestLine = 500;
 constexpr qsizetype longestParagraph = 20'000;
 constexpr qsizetype longestToolTip = 1'000;
+/// Qt breaks the lines of markup only.
+constexpr qsizetype longestToolTipLine = 100;
 
 QString cut(const QString& text, qsizetype length)
 {
@@ -62,7 +65,10 @@ int width(const QString& text, const Type::Style& style)
 
 QString toolTip(const QString& text)
 {
-    return text.isEmpty() ? QString() : u"<span>%1</span>"_s.arg(cut(text, longestToolTip).toHtmlEscaped());
+    const bool fitsOneLine = text.size() <= longestToolTipLine && !text.contains(u'\n');
+    if (fitsOneLine && !Qt::mightBeRichText(text))
+        return text;
+    return u"<span>%1</span>"_s.arg(cut(text, longestToolTip).toHtmlEscaped());
 }
 
 void draw(QPainter& painter, const QRectF& box, const QString& text, const Type::Style& style,

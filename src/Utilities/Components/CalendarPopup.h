@@ -3,12 +3,12 @@
 #include <QDate>
 #include <QFrame>
 
-class PlainLabel;
-class QCalendarWidget;
 class IconButton;
+class MonthGrid;
+class PlainLabel;
 
-/// A month to pick a day from. Arrow keys move, Return picks, Escape closes without a choice. Opened as a
-/// popup it deletes itself.
+/// A month to pick a day from, with a header that turns its pages. Escape closes it without a choice. Opened
+/// as a popup it deletes itself.
 class CalendarPopup : public QFrame
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
     void setDates(const QDate& chosen, const QDate& earliest, const QDate& today);
     void openBelow(QWidget* field);
 
-    QCalendarWidget* days() const;
+    MonthGrid* days() const { return days_; }
 
 signals:
     void picked(const QDate& date);
@@ -31,12 +31,10 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void showMonth();
-    void choose(const QDate& date);
+    void nameMonth();
 
-    class Days;
-    Days* days_;
     PlainLabel* month_;
     IconButton* previous_;
     IconButton* next_;
+    MonthGrid* days_;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QWheelEvent>
 
 /// A picker of one option from a list. While nothing is chosen it shows its prompt. The wheel scrolls the
 /// page and never changes the choice.

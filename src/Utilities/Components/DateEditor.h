@@ -3,6 +3,7 @@
 #include "BrandStyle.h"
 
 #include <QDateTimeEdit>
+#include <QWheelEvent>
 
 class CalendarPopup;
 

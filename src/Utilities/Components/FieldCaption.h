@@ -12,5 +12,6 @@ public:
         : PlainLabel(text, Type::caption, Brand::steel, parent)
     {
         setFit(Fit::elide);
+        setMutedWhenDisabled(false);
     }
 };

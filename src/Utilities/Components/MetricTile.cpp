@@ -23,7 +23,7 @@ MetricTile::MetricTile(
     content()->setContentsMargins(21, 17, 21, 17);
     add(top);
     add(value_, 4);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
     setValue(value);
 }
 

@@ -43,11 +43,11 @@ PendingFileRow::PendingFileRow(
 
     auto* upper = Layouts::row(8, {label_, remove});
     auto* picker = Layouts::row(8, {caption, type_});
-    picker->addStretch();
     lower_->setContentsMargins(0, texts.detail.isEmpty() ? 8 : 4, 0, 0);
     lower_->setSpacing(8);
-    lower_->addWidget(detail_);
+    lower_->addWidget(detail_, 1);
     lower_->addLayout(picker);
+    lower_->setAlignment(picker, Qt::AlignLeading);
     auto* fields = Layouts::column(0);
     fields->addLayout(upper);
     fields->addLayout(lower_);

@@ -58,6 +58,12 @@ void PlainLabel::setFit(Fit fit)
     updateGeometry();
 }
 
+void PlainLabel::setMutedWhenDisabled(bool muted)
+{
+    mutedWhenDisabled_ = muted;
+    update();
+}
+
 QSize PlainLabel::sizeHint() const
 {
     if (fit_ == Fit::elide)
@@ -95,7 +101,7 @@ bool PlainLabel::event(QEvent* event)
 void PlainLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const auto color = Palette::color(isEnabled() ? tone_ : Brand::muted);
+    const auto color = Palette::color(isEnabled() || !mutedWhenDisabled_ ? tone_ : Brand::muted);
     if (fit_ == Fit::elide)
         return PlainText::draw(painter, rect(), text(), style_, color, alignment());
     const PlainText::Paragraph paragraph(text(), style_, width());

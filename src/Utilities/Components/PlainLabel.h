@@ -25,6 +25,8 @@ public:
     void setTextStyle(const Type::Style& style);
     void setTone(Brand::Tone tone);
     void setFit(Fit fit);
+    /// Captions keep their tone beside a control that is disabled.
+    void setMutedWhenDisabled(bool muted);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -32,7 +34,6 @@ public:
     int heightForWidth(int width) const override;
 
 protected:
-    const Type::Style& textStyle() const { return style_; }
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -40,4 +41,5 @@ private:
     Type::Style style_;
     Brand::Tone tone_;
     Fit fit_ = Fit::wrap;
+    bool mutedWhenDisabled_ = true;
 };

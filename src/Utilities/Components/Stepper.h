@@ -3,6 +3,7 @@
 #include "BrandStyle.h"
 
 #include <QSpinBox>
+#include <QWheelEvent>
 
 /// A number changed by one with two halves, minus and plus. The number itself is shown beside it by whoever
 /// uses it; to assistive technology this is a spin control. The wheel never changes it.

@@ -46,7 +46,7 @@ void Switch::setLabelVisible(bool visible)
 QSize Switch::sizeHint() const
 {
     const int label = labelVisible_ ? gap + PlainText::width(label_, Type::label) : 0;
-    return {trackSize().width() + label, trackSize().height()};
+    return {trackSize().width() + label, labelVisible_ ? Height::control() : trackSize().height()};
 }
 
 QSize Switch::minimumSizeHint() const

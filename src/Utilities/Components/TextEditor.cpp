@@ -24,7 +24,7 @@ public:
         // The document has a margin of its own.
         const int ownMargin = qRound(document()->documentMargin());
         const int across = Spacing::fieldPadding + 1 - ownMargin;
-        constexpr int down = 9;
+        constexpr int down = 11;
         setViewportMargins(across, down - ownMargin, across, down - ownMargin);
     }
 
