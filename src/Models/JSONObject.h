@@ -18,6 +18,9 @@ public:
     /// \returns nothing when the bytes are not one whole JSON document with an object or a list at its top.
     static std::optional<JSONValue> parse(const QByteArray& bytes);
 
+    /// What an empty answer stands for.
+    static JSONValue emptyObject() { return JSONValue(QJsonObject()); }
+
     bool isNull() const { return value_.isNull() || value_.isUndefined(); }
     bool isString() const { return value_.isString(); }
     bool isObject() const { return value_.isObject(); }

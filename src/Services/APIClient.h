@@ -37,8 +37,8 @@ struct ClientRegistration
     QString state;
 };
 
-/// The bridge's operations, one function each: typed in, typed out. A value without state of its own; make one
-/// wherever it is needed. Every operation throws AppError, and nothing else, with a sentence fit to show.
+/// The bridge's operations, one function each: typed in, typed out. A value without state of its own; make
+/// one wherever it is needed. Every operation throws AppError, and nothing else, with a sentence fit to show.
 ///
 /// A failure that ends the session is announced as "QuorvelMac.appSessionExpired", later and on the main
 /// thread, unless the user for whom the request was made has left by then.
@@ -48,11 +48,13 @@ public:
     explicit APIClient(const Backend& backend) : backend_(backend) { }
 
     // Accounts
-    QCoro::Task<JSONObject> passwordLogin(QString email, QString password, std::optional<AppRole> roleHint) const;
+    QCoro::Task<JSONObject> passwordLogin(
+        QString email, QString password, std::optional<AppRole> roleHint) const;
     QCoro::Task<JSONObject> registerClient(ClientRegistration registration) const;
     QCoro::Task<JSONObject> getProfile(QString idToken, std::optional<AppRole> roleHint) const;
     QCoro::Task<JSONObject> updateProfile(QJsonObject payload, QString idToken) const;
-    QCoro::Task<JSONObject> changePassword(QString currentPassword, QString newPassword, QString idToken) const;
+    QCoro::Task<JSONObject> changePassword(
+        QString currentPassword, QString newPassword, QString idToken) const;
 
     // Sessions
     /// \param scope  "business", "notary_assigned", "notary_open" or "admin_all"; empty for the user's own
@@ -80,7 +82,8 @@ public:
     QCoro::Task<QList<AdminRecordItem>> getAdminRecords(QString idToken) const;
     QCoro::Task<JSONObject> saveAdminRecord(
         qint64 id, QString recordType, QString source, QJsonObject data, QString idToken) const;
-    QCoro::Task<JSONObject> deleteAdminRecord(qint64 id, QString recordType, QString source, QString idToken) const;
+    QCoro::Task<JSONObject> deleteAdminRecord(
+        qint64 id, QString recordType, QString source, QString idToken) const;
     QCoro::Task<QList<RemoteNotaryOption>> getAdminNotaries(QString idToken) const;
     QCoro::Task<JSONObject> saveAdminNotary(qint64 id, QJsonObject data, QString idToken) const;
     QCoro::Task<JSONObject> deleteAdminNotary(qint64 id, QString idToken) const;
@@ -91,8 +94,14 @@ public:
     QCoro::Task<JSONValue> perform(Request request, bool isPublic) const;
 
 private:
-    QCoro::Task<JSONObject> unwrapped(Request request) const;
-    QCoro::Task<QList<JSONObject>> list(Request request) const;
+    QCoro::Task<JSONObject> get(QString path, QString idToken) const;
+    QCoro::Task<JSONObject> write(
+        QByteArray method, QString path, std::optional<QJsonObject> body, QString idToken) const;
+    QCoro::Task<QList<JSONObject>> list(QString path, QString idToken, QueryItems query) const;
+    QCoro::Task<QList<JSONObject>> list(QString path, QString idToken) const
+    {
+        return list(path, idToken, {});
+    }
     Request publicRequest(QByteArray method, QString path, const QueryItems& query = {}) const;
     Request authorized(QByteArray method, QString path, QString idToken, const QueryItems& query = {}) const;
     void announceSessionExpiry(quint64 epoch) const;

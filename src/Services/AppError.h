@@ -20,9 +20,9 @@ private:
 
 /// The sentences that more than one place needs.
 namespace Sentence {
-QString sessionEnded();   ///< "Your session ended. Please sign in again."
+QString sessionEnded(); ///< "Your session ended. Please sign in again."
 QString couldNotComplete(); ///< "We could not complete that request. Please try again."
-}
+} // namespace Sentence
 
 /// True exactly for an AppError that says the session ended.
 bool isSessionExpired(const std::exception& error);

@@ -4,6 +4,7 @@
 #include "AuthUser.h"
 #include "UserDefaults.h"
 
+#include <QObject>
 #include <QProperty>
 
 /// Knows who is signed in and in which role, keeps it between starts, renews the ID token, and signs out when
@@ -53,14 +54,17 @@ public:
     static AuthUser merge(AuthUser user, const JSONObject& profile);
 
     static const QString userDefaultsKey; ///< "QuorvelMac.authUser"
-    static const QString activeRoleKey;   ///< "QuorvelMac.activeRole"
+    static const QString activeRoleKey; ///< "QuorvelMac.activeRole"
 
 private:
     void restore();
     void store(const AuthUser& user);
     void signInFrom(const JSONObject& response, const QString& emailFallback);
-    QCoro::Task<JSONObject> refreshFirebaseToken(QString refreshToken);
+    std::optional<AppRole> storedRole(const AuthUser& of) const;
+    void storeRenewed(const JSONObject& answer);
+    QCoro::Task<JSONObject> refreshFirebaseToken(QString refreshToken, QString key);
 
     Backend backend_;
     UserDefaults& defaults_;
+    bool isRenewing_ = false;
 };

@@ -19,4 +19,5 @@ struct MultipartFile
 using FormFields = QList<std::pair<QString, QString>>;
 
 /// The body of a multipart form: the fields in order, then the files in order, then the closing delimiter.
-RequestBody makeMultipartBody(const QString& boundary, const FormFields& fields, const QList<MultipartFile>& files);
+RequestBody makeMultipartBody(
+    const QString& boundary, const FormFields& fields, const QList<MultipartFile>& files);
