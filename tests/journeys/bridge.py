@@ -1,0 +1,114 @@
+"""The local bridge of a journey, and what it has stored."""
+
+import hashlib
+import json
+import re
+import socket
+import sqlite3
+import subprocess
+from dataclasses import dataclass
+from pathlib import Path
+from urllib.parse import urlsplit
+
+HOST = "127.0.0.1"
+DEMO_PASSWORD = "quorvel-demo"
+
+
+class NoWayToBridge(Exception):
+    """The client cannot reach a bridge of ours; says why in one sentence."""
+
+
+@dataclass(frozen=True)
+class StoredUpload:
+    file_name: str
+    label: str
+    category: str
+    media_type: str
+    sha256: str
+
+
+class Bridge:
+    """A bridge with demo data, listening where the client of this build looks for it."""
+
+    def __init__(self, build, data, desktop):
+        self.data = data
+        self._start(build, desktop, _port_of(build))
+        self._database = f"file:{self._database_file()}?mode=ro"
+
+    @property
+    def authority(self):
+        """The certificate that makes the bridge trusted."""
+        return self.data / "tls" / "ca.pem"
+
+    def session_count(self):
+        return self._rows("select count(*) as n from sessions")[0]["n"]
+
+    def newest_session(self):
+        """Its row, with the request that booked it as `request`."""
+        row = self._rows("select * from sessions order by id desc limit 1")[0]
+        return row | {"request": json.loads(row["request_json"])}
+
+    def visible_sessions(self, email):
+        """The rows of the sessions of one client."""
+        return self._rows("select s.* from sessions s join users u on u.id = s.owner_id where u.email = ?", email)
+
+    def sessions(self):
+        return self._rows("select * from sessions")
+
+    def uploads(self, session_id):
+        """In the order in which they arrived. The hash is of the bytes on disk, not the one that was noted."""
+        rows = self._rows("select * from uploads where session_id = ? order by id", session_id)
+        return [StoredUpload(row["original_filename"], row["label"], row["category"], row["mime_type"],
+                             sha256(self._upload_file(row["path"]))) for row in rows]
+
+    def _upload_file(self, path):
+        return next(file for file in (self.data / path, self.data / "uploads" / path) if file.is_file())
+
+    def _rows(self, query, *values):
+        connection = sqlite3.connect(self._database, uri=True)
+        try:
+            connection.row_factory = sqlite3.Row
+            return [dict(row) for row in connection.execute(query, values)]
+        finally:
+            connection.close()
+
+    def _database_file(self):
+        return next(file for file in self.data.iterdir() if file.read_bytes()[:15] == b"SQLite format 3")
+
+    def _start(self, build, desktop, port):
+        _expect_free(port)
+        self.data.mkdir()
+        process = desktop.processes.start(
+            [build / "bin" / "quorvel-bridge", "--data", self.data, "--listen", f"{HOST}:{port}", "--demo"],
+            desktop.environment, stdout=subprocess.PIPE, text=True)
+        for line in process.stdout:
+            if line.startswith("Listening on "):
+                return
+        raise NoWayToBridge("The local bridge did not start.")
+
+
+def sha256(file: Path):
+    with file.open("rb") as stream:
+        return hashlib.file_digest(stream, "sha256").hexdigest()
+
+
+def _port_of(build):
+    """The port of this machine that the client of this build speaks to."""
+    cache = (build / "CMakeCache.txt").read_text(encoding="utf-8")
+    addresses = {urlsplit(address).netloc for address in
+                 re.findall(r"^QUORVEL_(?:WEBSITE|SECURE_TOKEN)_URL:\w+=(.*)$", cache, re.MULTILINE)}
+    local = re.fullmatch(r"localhost:(\d+)", addresses.pop()) if len(addresses) == 1 else None
+    if not local:
+        raise NoWayToBridge("The journey needs a client that is built for https://localhost:PORT.")
+    return int(local[1])
+
+
+def _expect_free(port):
+    with socket.socket() as probe:
+        probe.setsockopt(socket.SOL_SOCKET, socket.SO_REUSEADDR, 1)
+        try:
+            probe.bind((HOST, port))
+        except OSError:
+            raise NoWayToBridge(
+                f"Port {port} of this machine is taken, and the client is built to speak to it. Stop what "
+                "listens there, or build with another QUORVEL_WEBSITE_URL and QUORVEL_SECURE_TOKEN_URL.") from None

@@ -1,0 +1,42 @@
+"""Closing the window, and the ways back to it and out."""
+
+import hands
+from chapters.signing_in import expect_remembered
+from expectations import expect, expect_equal
+from stage import DEMO_ADMIN
+
+# Besides caches, which the libraries that draw fill.
+TIDY_HOME = [".config/Quorvel/Quorvel.conf"]
+
+
+def close_and_come_back(stage):
+    """Without a window the client lives on in the tray, which brings the window back where somebody wants to be."""
+    stage.tray.wait_for_item()
+    hands.close_active_window()
+    stage.client.wait_until_closed()
+    expect(stage.client.is_running(), "Closing the window ended the client.")
+    stage.tray.choose("Sessions")
+    expect_equal(stage.client.wait_for_window().name, "Sessions", "the section opened from the tray")
+    stage.wait_until_loaded()
+
+
+def stop(stage):
+    expect_equal(stage.client.stop(), 0, "the exit code of a client that is asked to stop")
+
+
+def expect_still_signed_in(stage):
+    stage.screen.wait_reads("Maya Whitfield")
+    stage.screen.wait("push button", "Sign Out")
+    expect_remembered(stage, DEMO_ADMIN)
+
+
+def quit_from_tray(stage):
+    expect("Quit Quorvel" in stage.tray.titles(), "The tray's menu has no way out.")
+    stage.tray.choose("Quit Quorvel")
+    expect_equal(stage.client.process.wait(timeout=30), 0, "the exit code")
+
+
+def expect_tidy_home(stage):
+    """The client keeps its preferences and nothing else, the file chooser's memory included."""
+    kept = [file for file in stage.client.files_at_home() if not file.startswith(".cache/")]
+    expect_equal(kept, TIDY_HOME, "the files in the home folder")

@@ -1,0 +1,63 @@
+"""The same screens in the other scheme and at other sizes."""
+
+from chapters import sessions
+from expectations import expect
+from waiting import wait_for
+
+SMALLEST = (980, 680)
+LARGEST = (1920, 1080)
+
+
+def choose_scheme(stage, title):
+    """In the settings, where it takes effect at once and is remembered."""
+    stage.open("Settings")
+    stage.person.pick_radio(title)
+    wait_for(lambda: f"appearanceMode={title.lower()}" in stage.client.preferences(), f"{title} to be kept")
+    stage.scheme = title.lower()
+    stage.picture("settings")
+
+
+def client_screens(stage):
+    """What a client sees, in the scheme as it is."""
+    stage.open("Dashboard")
+    stage.picture("dashboard")
+    stage.open("Book Remote Notary")
+    stage.picture("booking")
+    stage.open("Sessions")
+    stage.picture("sessions-client")
+    stage.person.fill(sessions.SEARCH, "no such session")
+    stage.screen.wait_reads("No Sessions Found")
+    stage.picture("sessions-empty")
+
+
+def sign_in_screens(stage):
+    """With nobody signed in."""
+    stage.open("Book Remote Notary")
+    stage.screen.wait("password text", "Password")
+    stage.picture("signin")
+    stage.person.pick_radio("Create Account")
+    stage.picture("signin-create")
+    stage.open("Dashboard")
+    stage.picture("dashboard-signed-out")
+
+
+def sizes(stage):
+    """From the smallest window to a large screen."""
+    for size in (SMALLEST, LARGEST):
+        stage.at_size(*size, lambda suffix: _main_screens(stage, suffix))
+
+
+def _main_screens(stage, suffix):
+    for section, name in (("Dashboard", "dashboard"), ("Book Remote Notary", "booking"), ("Sessions", "sessions")):
+        stage.open(section)
+        _expect_inside(stage)
+        stage.picture(name + suffix)
+
+
+def _expect_inside(stage):
+    """Nothing sticks out sideways, where no scroll bar leads to it."""
+    window = stage.client.window
+    for button in stage.screen.find_all("push button"):
+        rect = button.rect
+        expect(window.x <= rect.x and rect.x + rect.width <= window.x + window.width,
+               f'"{button.name}" sticks out of the window.')

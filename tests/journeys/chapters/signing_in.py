@@ -1,0 +1,84 @@
+"""From the first start to the end of a sign-in."""
+
+from bridge import DEMO_PASSWORD
+from expectations import expect, expect_equal
+from stage import DEMO_CLIENT
+from waiting import wait_for
+
+WRONG_PASSWORD = "not-the-password"
+SIGNED_OUT_SIDEBAR = ["Dashboard", "Book Remote Notary", "Sessions", "Settings"]
+
+
+def first_start(stage):
+    """Nobody is signed in: the dashboard is open and only what everybody may see is in the sidebar."""
+    expect_equal(stage.client.window[2:], (1180, 760), "the first size of the window")
+    expect_equal(stage.client.wait_for_window().name, "Dashboard", "the title of the window")
+    expect_equal(sidebar(stage), SIGNED_OUT_SIDEBAR, "the sidebar of somebody who is not signed in")
+    stage.screen.wait_reads("Desktop")
+    expect(not stage.screen.find("push button", "Sign Out"), "Nobody is signed in, yet there is a Sign Out.")
+    stage.picture("dashboard-signed-out")
+    stage.open("Settings")
+    stage.screen.wait_reads("Sign in required")
+    stage.picture("settings-signed-out")
+
+
+def gate(stage):
+    """A protected section asks for a sign-in, or for a new account; the form keeps what was typed between them."""
+    stage.open("Book Remote Notary")
+    stage.screen.wait("password text", "Password")
+    stage.picture("signin")
+    stage.person.fill("Email", DEMO_CLIENT)
+    stage.person.pick_radio("Create Account")
+    for caption in ("Full Name", "Phone", "City", "State"):
+        stage.screen.wait("text", caption)
+    expect_equal(stage.screen.wait("text", "Email").text, DEMO_CLIENT, "the address after changing the mode")
+    stage.picture("signin-create")
+    stage.person.pick_radio("Sign In")
+    stage.screen.wait_gone("text", "Full Name")
+
+
+def wrong_password(stage):
+    stage.sign_in(DEMO_CLIENT, WRONG_PASSWORD)
+    stage.person.read_alert("Sign In Failed", "Incorrect email or password. Please try again.",
+                            picture=lambda: stage.picture("alert"))
+    expect_equal(stage.screen.wait("text", "Email").text, DEMO_CLIENT, "the address after a failed sign-in")
+    expect_nobody_remembered(stage)
+
+
+def client_signs_in(stage):
+    """Leads to the section that asked, and remembers who it is but not the password."""
+    stage.sign_in(DEMO_CLIENT, DEMO_PASSWORD)
+    stage.screen.wait_gone("password text", "Password")
+    stage.screen.wait_reads("Priya Raman")
+    expect_equal(stage.client.wait_for_window().name, "Book Remote Notary", "the section after the sign-in")
+    expect(not stage.screen.reads("Active Workspace"), "One role needs no choice of workspace.")
+    expect_remembered(stage, DEMO_CLIENT)
+
+
+def sidebar(stage):
+    """The titles of the sections on offer."""
+    sections = [node for node in stage.screen.find_all("list item") if node.parent.role != "list"]
+    return [section.name for section in sections]
+
+
+def expect_remembered(stage, email):
+    wait_for(lambda: stage.client.preferences_file.exists() and email in stage.client.preferences(),
+             "the preferences to name who is signed in")
+    expect("QuorvelMac.authUser" in stage.client.preferences(), "The signed-in person is not remembered.")
+    expect_equal(stage.client.preferences_mode(), 0o600, "the mode of the preferences")
+    expect_no_password(stage)
+
+
+def expect_nobody_remembered(stage):
+    if stage.client.preferences_file.exists():
+        kept = stage.client.preferences()
+        for key in ("QuorvelMac.authUser", "QuorvelMac.activeRole", "idToken", "refreshToken"):
+            expect(key not in kept, f"{key} is kept although nobody is signed in.")
+    expect_no_password(stage)
+
+
+def expect_no_password(stage):
+    for file in stage.client.files_at_home():
+        kept = stage.client.file_at_home(file)
+        for password in (DEMO_PASSWORD, WRONG_PASSWORD):
+            expect(password.encode() not in kept, f"The password is in {file}.")

@@ -1,0 +1,77 @@
+"""The real client, started on the journey's desktop against the journey's bridge."""
+
+import signal
+import stat
+
+import hands
+from person import Person
+from screen import Screen
+from waiting import wait_for
+
+FIRST_SIZE = (1180, 760)
+
+
+class Client:
+    """One run of the program. `person` uses it."""
+
+    def __init__(self, build, desktop, bridge):
+        self._home = desktop.home
+        self._program = build / "bin" / "quorvel"
+        self._desktop = desktop
+        self._environment = desktop.environment | {"SSL_CERT_FILE": str(bridge.authority)}
+        self.process = self._run()
+        self.screen = Screen(self.process.pid)
+        self.person = Person(self.screen)
+        self.wait_for_window()
+
+    @property
+    def window(self):
+        """Where the content of the main window is on the display."""
+        return self.wait_for_window().rect
+
+    def wait_for_window(self):
+        return wait_for(self._window, "the main window")
+
+    def wait_until_closed(self):
+        wait_for(lambda: not self._window(), "the main window to close")
+
+    def resize(self, width, height):
+        hands.resize_active_window(width, height)
+        wait_for(lambda: self.window[2:] == (width, height), f"a window of {width} by {height}")
+
+    def is_running(self):
+        return self.process.poll() is None
+
+    def start_again(self):
+        """Starts the program a second time, as a click on its launcher does, and returns that process."""
+        return self._run()
+
+    def stop(self):
+        """Returns the exit code."""
+        self.process.send_signal(signal.SIGTERM)
+        return self.process.wait(timeout=30)
+
+    def preferences(self):
+        """The text of the one file that the client keeps."""
+        return self.preferences_file.read_text(encoding="utf-8")
+
+    @property
+    def preferences_file(self):
+        return self._home / ".config" / "Quorvel" / "Quorvel.conf"
+
+    def preferences_mode(self):
+        return stat.S_IMODE(self.preferences_file.stat().st_mode)
+
+    def files_at_home(self):
+        """Everything that lies in the home folder, relative to it."""
+        return sorted(str(path.relative_to(self._home)) for path in self._home.rglob("*") if path.is_file())
+
+    def file_at_home(self, path):
+        return (self._home / path).read_bytes()
+
+    def _run(self):
+        return self._desktop.processes.start([self._program], self._environment)
+
+    def _window(self):
+        return next((window for window in self.screen.windows
+                     if window.role == "frame" and window.is_showing), None)

@@ -1,0 +1,86 @@
+"""Somebody who uses the client: finds controls with the eyes of a screen reader, works them with mouse and keys."""
+
+import hands
+from screen import Node, Screen
+from waiting import wait_for
+
+# How far inside the edge of a scrolling area the pointer rests while its wheel turns: on no control.
+MARGIN = 6
+
+
+class Person:
+    """Every action waits for its control, and most for its effect."""
+
+    def __init__(self, screen: Screen):
+        self.screen = screen
+
+    def click(self, role, name, within=None, holding=None):
+        node = self.screen.wait(role, name, within)
+        self.click_on(node, holding)
+        return node
+
+    def press_button(self, name, within=None):
+        return self.click("push button", name, within)
+
+    def click_on(self, node: Node, holding=None):
+        wait_for(lambda: "enabled" in node.states, f'"{node.name}" to be enabled')
+        self.reveal(node)
+        hands.click(*node.rect.centre, holding)
+
+    def reveal(self, node: Node):
+        """Scrolls until the whole control is in sight."""
+        while area := node.clipping_ancestor():
+            self.reveal(area)
+            before = node.rect
+            seen = area.rect
+            direction = hands.WHEEL_UP if before.y < seen.y else hands.WHEEL_DOWN
+            hands.wheel(seen.x + MARGIN, seen.y + seen.height // 2, direction)
+            wait_for(lambda: node.rect != before, f'"{node.name}" to scroll into sight')  # noqa: B023
+
+    def fill(self, name, text, within=None, role="text"):
+        """Replaces what a field of one line says, or what its several lines say, by a text of one line."""
+        field = self.click(role, name, within)
+        hands.press("ctrl+a")
+        hands.write(text) if text else hands.press("Delete")
+        if role != "password text":
+            wait_for(lambda: field.text == text, f'the field "{name}" to say "{text}"')
+        return field
+
+    def fill_password(self, name, text):
+        self.fill(name, text, role="password text")
+
+    def choose(self, picker, option, within=None):
+        """Picks an entry from a combo box's list with the mouse."""
+        self.choose_from(self.screen.wait("combo box", picker, within), option)
+
+    def choose_from(self, box: Node, option):
+        self.click_on(box)
+        self.click("list item", option, within=box)
+        wait_for(lambda: box.text == option, f'"{option}" to be picked')
+
+    def turn(self, switch, on, within=None):
+        box = self.screen.wait("check box", switch, within)
+        if ("checked" in box.states) != on:
+            self.click_on(box)
+        wait_for(lambda: ("checked" in box.states) == on, f'the switch "{switch}" to turn')
+        return box
+
+    def pick_radio(self, name, within=None):
+        button = self.click("radio button", name, within)
+        wait_for(lambda: "checked" in button.states, f'"{name}" to be picked')
+        return button
+
+    def read_alert(self, title, message, picture=None):
+        """Expects the one modal alert, lets `picture` be taken, and dismisses it."""
+        alert = wait_for(lambda: self._alert(title), f'the alert "{title}"')
+        self.screen.wait_reads(message, within=alert)
+        if picture:
+            picture()
+        self.press_button("OK", within=alert)
+        wait_for(lambda: not self._alert(title), f'the alert "{title}" to close')
+
+    def _alert(self, title):
+        for role in ("alert", "dialog"):
+            if found := self.screen.find(role, title):
+                return found
+        return None

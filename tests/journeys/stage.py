@@ -1,0 +1,48 @@
+"""What every chapter of the journey works with."""
+
+import hands
+from waiting import wait_for
+
+DEMO_CLIENT = "priya.raman@example.com"
+DEMO_ADMIN = "maya.whitfield@example.com"
+DEFAULT_SIZE = (1180, 760)
+
+
+class Stage:
+    """The client with its person, the bridge behind it, and the album."""
+
+    def __init__(self, client, bridge, album, tray):
+        self.client = client
+        self.person = client.person
+        self.screen = client.screen
+        self.bridge = bridge
+        self.album = album
+        self.tray = tray
+        self.scheme = "light"
+
+    def picture(self, name):
+        """Of the main window, with the pointer off it."""
+        hands.move(1, 1)
+        self.album.take(f"{name}-{self.scheme}", self.client.window)
+
+    def open(self, section):
+        """Goes to a section through the sidebar and waits until it has loaded."""
+        entry = self.person.click("list item", section)
+        wait_for(lambda: "selected" in entry.states, f'"{section}" to be selected in the sidebar')
+        wait_for(lambda: self.client.wait_for_window().name == section, f'a window titled "{section}"')
+        self.wait_until_loaded()
+
+    def wait_until_loaded(self):
+        wait_for(lambda: not self.screen.reads("Loading"), "the screen to load")
+
+    def sign_in(self, email, password):
+        """On the sign-in screen that is shown."""
+        self.person.fill("Email", email)
+        self.person.fill_password("Password", password)
+        self.person.press_button("Sign In")
+
+    def at_size(self, width, height, chapter):
+        """Runs `chapter(suffix)` with the window at another size than its first."""
+        self.client.resize(width, height)
+        chapter(f"-{width}x{height}")
+        self.client.resize(*DEFAULT_SIZE)

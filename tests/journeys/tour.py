@@ -1,0 +1,110 @@
+#!/usr/bin/env python3
+"""A journey through the real client against the real local bridge, on a virtual display, by mouse and keyboard. Every
+step is checked against what the bridge stored and what a screen reader would read, and leaves pictures."""
+
+import argparse
+import signal
+import sys
+import time
+from pathlib import Path
+
+from bridge import Bridge, NoWayToBridge
+from chapters import booking, leaving, looks, signing_in, staff
+from chapters import sessions as session_list
+from client import Client
+from display import Desktop
+from pictures import Album
+from stage import Stage
+from tray import Tray
+
+
+class Journey:
+    """One run. `stage` is None until the client is up."""
+
+    def __init__(self, build, album, desktop):
+        self._build = build
+        self._album = album
+        self._desktop = desktop
+        self._started = time.monotonic()
+        self.stage = None
+
+    def run(self):
+        bridge = Bridge(self._build, self._desktop.folder / "bridge", self._desktop)
+        tray = Tray(self._desktop)
+        self.stage = Stage(Client(self._build, self._desktop, bridge), bridge, self._album, tray)
+        for title, chapter in self._chapters():
+            print(f"{time.monotonic() - self._started:6.1f} s  {title}", flush=True)
+            chapter(self.stage)
+
+    def _chapters(self):
+        files = booking.make_files(self._desktop.folder / "to be notarized")
+        return [
+            ("the first start", signing_in.first_start),
+            ("the sign-in gate", signing_in.gate),
+            ("a wrong password", signing_in.wrong_password),
+            ("a client signs in", signing_in.client_signs_in),
+            ("an incomplete booking", booking.missing_information),
+            ("a booking is filled in", booking.fill),
+            ("and found again after a look elsewhere", booking.come_back),
+            ("files are attached", lambda stage: booking.attach(stage, files)),
+            ("the booking is submitted", lambda stage: booking.submit(stage, files)),
+            ("the new session in the list", booking.see_sessions),
+            ("search and filter", lambda stage: session_list.find_booked(stage, booking.FORM)),
+            ("settings, light", lambda stage: looks.choose_scheme(stage, "Light")),
+            ("a client's screens, light", looks.client_screens),
+            ("settings, dark", lambda stage: looks.choose_scheme(stage, "Dark")),
+            ("a client's screens, dark", looks.client_screens),
+            ("signing out", staff.sign_out),
+            ("the sign-in gate, dark", looks.sign_in_screens),
+            ("an admin signs in", staff.admin_signs_in),
+            ("another workspace", staff.switch_role),
+            ("the staff's screens, dark", staff.workspaces),
+            ("window sizes, dark", looks.sizes),
+            ("a restart", self._restart),
+            ("back to light", lambda stage: looks.choose_scheme(stage, "Light")),
+            ("the staff's screens, light", staff.workspaces),
+            ("window sizes, light", looks.sizes),
+            ("closing the window", leaving.close_and_come_back),
+            ("signing out again", staff.sign_out),
+            ("quitting", leaving.quit_from_tray),
+            ("nothing else was written", leaving.expect_tidy_home),
+        ]
+
+    def _restart(self, stage):
+        leaving.stop(stage)
+        scheme = stage.scheme
+        self.stage = Stage(Client(self._build, self._desktop, stage.bridge), stage.bridge, self._album, stage.tray)
+        self.stage.scheme = scheme
+        leaving.expect_still_signed_in(self.stage)
+
+    def show_failure(self):
+        """What the screen showed, as a picture and as a screen reader would read it."""
+        print(f"The screen when it failed: {self._album.take_at_once('failure')}", file=sys.stderr)
+        if self.stage and self.stage.client.is_running():
+            tree = self._album.folder / "failure.txt"
+            tree.write_text(self.stage.screen.dump(), encoding="utf-8")
+            print(f"What a screen reader would have read: {tree}", file=sys.stderr)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--build", type=Path, required=True, help="the build tree that holds bin/quorvel")
+    parser.add_argument("--output", type=Path, help="where the pictures go (default: tour/ in the build tree)")
+    arguments = parser.parse_args()
+    # Leave through the ends of the `with` statements when asked to stop, as for Ctrl+C.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
+    album = Album((arguments.output or arguments.build / "tour").resolve())
+    with Desktop() as desktop:
+        journey = Journey(arguments.build.resolve(), album, desktop)
+        try:
+            journey.run()
+        except NoWayToBridge as obstacle:
+            sys.exit(str(obstacle))
+        except Exception:
+            journey.show_failure()
+            raise
+    print(f"The pictures are in {album.folder}")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,97 @@
+"""The part of a desktop that shows tray items: a watcher, which runs as a program of its own, and a hand that picks
+from an item's menu as such a desktop does."""
+
+import sys
+
+import gi
+
+gi.require_version("Gio", "2.0")
+from gi.repository import Gio, GLib  # noqa: E402
+
+from waiting import wait_for  # noqa: E402
+
+WATCHER = "org.kde.StatusNotifierWatcher"
+ITEM = "org.kde.StatusNotifierItem"
+MENU = "com.canonical.dbusmenu"
+INTERFACE = f"""<node><interface name="{WATCHER}">
+    <method name="RegisterStatusNotifierItem"><arg type="s" direction="in"/></method>
+    <method name="RegisterStatusNotifierHost"><arg type="s" direction="in"/></method>
+    <property name="RegisteredStatusNotifierItems" type="as" access="read"/>
+    <property name="IsStatusNotifierHostRegistered" type="b" access="read"/>
+    <property name="ProtocolVersion" type="i" access="read"/>
+</interface></node>"""
+
+
+class Tray:
+    """A desktop with a tray, in which one program has its item."""
+
+    def __init__(self, desktop):
+        desktop.processes.start([sys.executable, __file__], desktop.environment)
+        self._bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+        wait_for(lambda: self._is_owned(WATCHER), "the tray")
+
+    def wait_for_item(self):
+        wait_for(self._items, "the client's tray item")
+
+    def titles(self):
+        """What the menu offers, in its order; separators as empty texts."""
+        return [properties.get("label", "") for _, properties in self._entries()]
+
+    def choose(self, title):
+        identifier = next(number for number, properties in self._entries() if properties.get("label") == title)
+        self._call_menu("Event", GLib.Variant("(isvu)", (identifier, "clicked", GLib.Variant("i", 0), 0)))
+
+    def _entries(self):
+        self._call_menu("AboutToShow", GLib.Variant("(i)", (0,)))
+        layout = self._call_menu("GetLayout", GLib.Variant("(iias)", (0, -1, [])))
+        _, (_, _, entries) = layout.unpack()
+        return [(number, properties) for number, properties, _ in entries]
+
+    def _call_menu(self, method, arguments):
+        (item,) = self._items()
+        menu = self._get(item, "/StatusNotifierItem", ITEM, "Menu")
+        return self._bus.call_sync(item, menu, MENU, method, arguments, None, Gio.DBusCallFlags.NONE, -1)
+
+    def _items(self):
+        return self._get(WATCHER, "/StatusNotifierWatcher", WATCHER, "RegisteredStatusNotifierItems")
+
+    def _get(self, service, path, interface, name):
+        answer = self._bus.call_sync(service, path, "org.freedesktop.DBus.Properties", "Get",
+                                     GLib.Variant("(ss)", (interface, name)), None, Gio.DBusCallFlags.NONE, -1)
+        return answer.unpack()[0]
+
+    def _is_owned(self, name):
+        answer = self._bus.call_sync("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "NameHasOwner",
+                                     GLib.Variant("(s)", (name,)), None, Gio.DBusCallFlags.NONE, -1)
+        return answer.unpack()[0]
+
+
+class Watcher:
+    """Remembers the items that programs announce."""
+
+    def __init__(self, bus):
+        self._items = []
+        interface = Gio.DBusNodeInfo.new_for_xml(INTERFACE).interfaces[0]
+        bus.register_object("/StatusNotifierWatcher", interface, self._called, self._asked, None)
+
+    def _called(self, _bus, sender, _path, _interface, method, arguments, invocation):
+        if method == "RegisterStatusNotifierItem":
+            announced = arguments.unpack()[0]
+            self._items.append(sender if announced.startswith("/") else announced)
+        invocation.return_value(None)
+
+    def _asked(self, _bus, _sender, _path, _interface, name):
+        return {"RegisteredStatusNotifierItems": GLib.Variant("as", self._items),
+                "IsStatusNotifierHostRegistered": GLib.Variant("b", True),
+                "ProtocolVersion": GLib.Variant("i", 0)}[name]
+
+
+def main():
+    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+    watcher = Watcher(bus)  # noqa: F841 (lives as long as the loop)
+    Gio.bus_own_name_on_connection(bus, WATCHER, Gio.BusNameOwnerFlags.NONE, None, None)
+    GLib.MainLoop().run()
+
+
+if __name__ == "__main__":
+    main()
