@@ -42,7 +42,8 @@ struct Response
 class TransportError : public std::exception
 {
 public:
-    enum class Code {
+    enum class Code
+    {
         UserAuthenticationRequired,
         UserCancelledAuthentication,
         NotConnectedToInternet,
@@ -56,7 +57,7 @@ public:
         BadURL,
         UnsupportedURL,
         CannotReadFile, ///< a file of the body could not be opened or read, or became shorter
-        Cancelled,      ///< the session ended first
+        Cancelled, ///< the session ended first
         Unknown,
     };
 

@@ -24,7 +24,8 @@ static QString encoded(const QString& text)
 QUrl makeURL(const QUrl& base, const QString& path, const QueryItems& query)
 {
     const QString start = base.toString(QUrl::FullyEncoded);
-    const QString joined = withoutOuterSlashes(start).toString() + u'/' + withoutOuterSlashes(path);
+    const QString joined
+        = withoutOuterSlashes(start).toString() + u'/' + withoutOuterSlashes(path).toString();
     QUrl url(joined, QUrl::StrictMode);
     if (!url.isValid() || url.host().isEmpty())
         throw AppError(Sentence::couldNotComplete());

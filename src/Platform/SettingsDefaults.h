@@ -1,0 +1,35 @@
+#pragma once
+
+#include "UserDefaults.h"
+
+#include <QMap>
+#include <QVariant>
+
+/// The preferences as Qt keeps them: an INI file in the user's configuration folder.
+///
+/// A change is written as a whole new file beside the old one, read back and compared, and only then put in
+/// its place. Whatever interrupts that (a kill, a full disk, a read-only folder) leaves the old file whole.
+/// A file that cannot be read, or is larger than any that was written here, counts as empty.
+class SettingsDefaults : public UserDefaults
+{
+public:
+    /// The user's own preferences.
+    SettingsDefaults();
+    /// \param file  another file, for tests
+    explicit SettingsDefaults(QString file);
+
+    std::optional<QByteArray> data(const QString& key) const override;
+    std::optional<QString> string(const QString& key) const override;
+    void setData(const QString& key, const QByteArray& value) override;
+    void setString(const QString& key, const QString& value) override;
+    void remove(const QString& key) override;
+
+private:
+    using Values = QMap<QString, QVariant>;
+
+    static Values read(const QString& file);
+    void save();
+
+    QString file_;
+    Values values_;
+};
