@@ -1,0 +1,98 @@
+#include "Bridge.h"
+
+#include "Demo/DemoData.h"
+#include "Operations/Operations.h"
+
+#include <fcntl.h>
+#include <iostream>
+#include <stdexcept>
+#include <sys/file.h>
+
+namespace bridge {
+
+// Two servers on one folder would take each other's unfinished uploads for remains.
+static Descriptor locked(const std::filesystem::path& data)
+{
+    std::filesystem::create_directories(data);
+    Descriptor lock(::open((data / "lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    if (lock.number() < 0)
+        throw std::runtime_error("The data folder cannot be written: " + data.string());
+    if (::flock(lock.number(), LOCK_EX | LOCK_NB) != 0)
+        throw std::runtime_error("Another server uses the data folder: " + data.string());
+    return lock;
+}
+
+Bridge::Bridge(const Settings& settings)
+    : lock_(locked(settings.data)), service_(settings),
+      router_([this](const std::string& token) { return authenticate(service_, token); }),
+      server_(TlsIdentity(settings.data / "tls", settings.clock()))
+{
+    if (settings.demo)
+        fillWithDemoData(service_);
+    addAuthOperations(router_, service_);
+    addProfileOperations(router_, service_);
+    addSessionOperations(router_, service_);
+    addDocumentOperations(router_, service_);
+    addAssignmentOperations(router_, service_);
+    addRecordOperations(router_, service_);
+    addUserOperations(router_, service_);
+    addNotaryOperations(router_, service_);
+    addWebsite(router_);
+    connect();
+}
+
+void Bridge::listen()
+{
+    const Settings& settings = service_.settings;
+    port_ = server_.bind(settings.host, settings.port);
+    if (port_ == 0)
+        throw std::runtime_error(
+            "The address " + settings.host + ':' + std::to_string(settings.port) + " cannot be used.");
+}
+
+std::string Bridge::address() const
+{
+    const std::string& host = service_.settings.host;
+    const bool isBracketed = host.find(':') != std::string::npos;
+    return "https://" + (isBracketed ? '[' + host + ']' : host) + ':' + std::to_string(port_);
+}
+
+void Bridge::run()
+{
+    server_.serve();
+}
+
+void Bridge::stop()
+{
+    server_.finish();
+}
+
+void Bridge::connect()
+{
+    const std::string everything = R"([\s\S]*)";
+    const auto plain = [this](const httplib::Request& request, httplib::Response& response) {
+        router_.dispatch(request, response, nullptr);
+    };
+    const auto withBody
+        = [this](const httplib::Request& request, httplib::Response& response,
+              const httplib::ContentReader& content) { router_.dispatch(request, response, &content); };
+    server_.Get(everything, plain).Options(everything, plain);
+    server_.Post(everything, withBody).Put(everything, withBody);
+    server_.Patch(everything, withBody).Delete(everything, withBody);
+    server_.set_default_headers({{"Cache-Control", "no-store"}, {"X-Content-Type-Options", "nosniff"}});
+    // What the library refuses by itself has no body yet.
+    const httplib::Server::Handler refuse = [](const httplib::Request&, httplib::Response& response) {
+        if (response.body.empty())
+            response.set_content(R"({"message":"The request could not be read."})", "application/json");
+    };
+    server_.set_error_handler(refuse);
+    if (service_.settings.verbose) {
+        server_.set_logger([](const httplib::Request& request, const httplib::Response& response) {
+            const std::string line
+                = request.method + ' ' + request.path + ' ' + std::to_string(response.status) + '\n';
+            std::cerr << line;
+        });
+    }
+}
+
+} // namespace bridge

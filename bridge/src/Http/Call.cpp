@@ -1,0 +1,96 @@
+#include "Http/Call.h"
+
+#include "Http/Problem.h"
+#include "Net/TlsServer.h"
+
+#include <algorithm>
+
+namespace bridge {
+
+static constexpr std::size_t largestText = 1 << 20;
+
+Call::Call(
+    const httplib::Request& request, httplib::Response& response, const httplib::ContentReader* content)
+    : request_(request), response_(response), content_(content)
+{ }
+
+std::string Call::query(const std::string& name) const
+{
+    return request_.get_param_value(name);
+}
+
+std::string Call::header(const std::string& name) const
+{
+    return request_.get_header_value(name);
+}
+
+std::string Call::contentType() const
+{
+    return header(TlsServer::receivedContentType);
+}
+
+std::string Call::bearerToken() const
+{
+    constexpr std::string_view prefix = "Bearer ";
+    const std::string value = header("Authorization");
+    return value.compare(0, prefix.size(), prefix) == 0 ? value.substr(prefix.size()) : std::string();
+}
+
+std::string Call::origin() const
+{
+    const std::string host = header("Host");
+    const bool isPlain = !host.empty() && std::all_of(host.begin(), host.end(), [](unsigned char letter) {
+        return std::isalnum(letter) || letter == '.' || letter == ':' || letter == '-' || letter == '['
+            || letter == ']';
+    });
+    return "https://" + (isPlain ? host : "localhost");
+}
+
+void Call::read(const Sink& sink)
+{
+    if (!content_ || (!request_.has_header("Content-Length") && !request_.has_header("Transfer-Encoding")))
+        return;
+    const bool isComplete = (*content_)([&sink](const char* bytes, std::size_t size) {
+        sink(bytes, size);
+        return true;
+    });
+    if (!isComplete)
+        throw refusal(400, "The request did not arrive whole. Please try again.");
+}
+
+std::string Call::text()
+{
+    std::string body;
+    read([&body](const char* bytes, std::size_t size) {
+        if (body.size() + size > largestText)
+            throw refusal(413, "That request is too large.");
+        body.append(bytes, size);
+    });
+    return body;
+}
+
+Fields Call::json()
+{
+    const std::string body = text();
+    if (body.empty())
+        return Fields({});
+    nlohmann::json value = nlohmann::json::parse(body, nullptr, false);
+    if (!value.is_object())
+        throw refusal(400, "The request could not be read.");
+    return Fields(std::move(value));
+}
+
+void Call::answer(const nlohmann::json& body, int status)
+{
+    using Json = nlohmann::json;
+    response_.status = status;
+    // Bytes that are no UTF-8, in a file name for instance, must not fail a whole list.
+    response_.set_content(body.dump(-1, ' ', false, Json::error_handler_t::replace), "application/json");
+}
+
+void Call::answerNothing()
+{
+    response_.status = 204;
+}
+
+} // namespace bridge

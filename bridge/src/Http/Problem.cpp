@@ -1,0 +1,37 @@
+#include "Http/Problem.h"
+
+namespace bridge {
+
+Problem::Problem(int status, nlohmann::json body) : status_(status), body_(std::move(body)) { }
+
+Problem refusal(int status, const std::string& sentence)
+{
+    return {status, {{"message", sentence}}};
+}
+
+Problem invalidField(const std::string& field, const std::string& sentence)
+{
+    return {422, {{"errors", {{field, sentence}}}}};
+}
+
+Problem notFound()
+{
+    return refusal(404, "We could not find that record.");
+}
+
+Problem forbidden()
+{
+    return refusal(403, "Forbidden");
+}
+
+Problem signInNeeded()
+{
+    return {401, {{"error", "invalid_firebase_token"}}};
+}
+
+Problem emailTaken()
+{
+    return refusal(409, "An account with this email already exists.");
+}
+
+} // namespace bridge

@@ -1,0 +1,45 @@
+#include "Net/ConnectionThreads.h"
+
+namespace bridge {
+
+ConnectionThreads::ConnectionThreads(std::size_t limit) : limit_(limit) { }
+
+void ConnectionThreads::enqueue(std::function<void()> job)
+{
+    const std::lock_guard lock(mutex_);
+    jobs_.push_back(std::move(job));
+    if (idle_ < jobs_.size() && threads_.size() < limit_)
+        threads_.emplace_back([this] { work(); });
+    else
+        wake_.notify_one();
+}
+
+void ConnectionThreads::shutdown()
+{
+    {
+        const std::lock_guard lock(mutex_);
+        isOver_ = true;
+        wake_.notify_all();
+    }
+    for (std::thread& thread : threads_)
+        thread.join();
+}
+
+void ConnectionThreads::work()
+{
+    std::unique_lock lock(mutex_);
+    for (;;) {
+        ++idle_;
+        wake_.wait(lock, [this] { return isOver_ || !jobs_.empty(); });
+        --idle_;
+        if (jobs_.empty())
+            return;
+        const std::function<void()> job = std::move(jobs_.front());
+        jobs_.pop_front();
+        lock.unlock();
+        job();
+        lock.lock();
+    }
+}
+
+} // namespace bridge

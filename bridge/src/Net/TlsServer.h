@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Net/TlsIdentity.h"
+#include "Store/Files.h"
+
+#include <httplib.h>
+
+#include <functional>
+#include <string>
+
+namespace bridge {
+
+/// The HTTP library's server, on TLS connections of our own: a thread for each connection, bounded heads,
+/// short idle times, and a stop that does not wait for idle clients.
+///
+/// Every request reaches one of the handlers that are set for all paths of its method; a body is read only by
+/// asking the content reader, as bytes: the library's own readers of forms are kept out (they cap forms at
+/// 8 KiB and change file names). The type that the client stated is in the header receivedContentType.
+class TlsServer : public httplib::Server
+{
+public:
+    static constexpr const char* receivedContentType = "X-Received-Content-Type";
+
+    explicit TlsServer(const TlsIdentity& identity);
+
+    bool is_valid() const override { return context_ != nullptr; }
+
+    /// Takes the address; 0 for a free port. Returns the port, or nothing when it is not to be had.
+    int bind(const std::string& host, int port);
+
+    /// Serves until finish() is called, from any thread.
+    void serve();
+    void finish();
+
+private:
+    bool process_and_close_socket(socket_t socket) override;
+
+    enum class Next
+    {
+        AnotherRequest,
+        Close,
+        CloseWhileClientSends, ///< an answer was given before the request's body was read
+    };
+    Next serveOne(class TlsStream& stream, bool isLast);
+
+    TlsIdentity::Context context_;
+    Descriptor stop_;
+};
+
+} // namespace bridge

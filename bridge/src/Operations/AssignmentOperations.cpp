@@ -1,0 +1,95 @@
+#include "Operations/Operations.h"
+
+#include "Answers/SessionAnswers.h"
+#include "Http/Problem.h"
+#include "People/Notaries.h"
+#include "Work/Sessions.h"
+
+namespace bridge {
+
+static void accept(Service& service, Call& call)
+{
+    const Account& notary = call.account();
+    if (!notary.isNotaryActive)
+        throw refusal(409, "Your notary profile is not active.");
+    const Session session = service.database.write([&](soci::session& sql) {
+        const AcceptResult result = acceptSession(sql, notary, call.id(), service.now());
+        if (result == AcceptResult::Taken)
+            throw refusal(409, "Another notary has already accepted this call.");
+        if (result == AcceptResult::NotOpen)
+            throw refusal(409, "This call is no longer open.");
+        if (result == AcceptResult::Absent)
+            throw notFound();
+        return visibleSession(sql, notary, call.id());
+    });
+    call.answer(wrappedSession(session));
+}
+
+// The date and the time come twice, as confirmed and as scheduled; the confirmed ones are what was typed.
+static void readAppointment(const Fields& fields, Session& session)
+{
+    const auto take = [&fields](std::initializer_list<std::string> keys, std::string& target) {
+        for (const std::string& key : keys) {
+            if (fields.has(key)) {
+                target = fields.text(key);
+                return;
+            }
+        }
+    };
+    take({"status"}, session.status);
+    session.status = lowerCased(session.status);
+    if (!isStatus(session.status))
+        throw invalidField("status", "That status is not known.");
+    take({"confirmed_date", "scheduled_date"}, session.scheduledDate);
+    take({"confirmed_time", "scheduled_time"}, session.scheduledTime);
+    take({"proposed_fee"}, session.proposedFee);
+    take({"status_note"}, session.statusNote);
+}
+
+static void updateByNotary(Service& service, Call& call)
+{
+    const Fields fields = call.json();
+    const Session updated = service.database.write([&](soci::session& sql) {
+        Session session = visibleSession(sql, call.account(), call.id());
+        if (session.notaryId != call.account().notaryId)
+            throw forbidden();
+        readAppointment(fields, session);
+        if (fields.has("requires_witness"))
+            session.requiresWitness = fields.flag("requires_witness");
+        if (fields.has("witness_name"))
+            session.witnessName = fields.text("witness_name");
+        updateSession(sql, session, call.account().id, service.now());
+        return visibleSession(sql, call.account(), call.id());
+    });
+    call.answer(wrappedSession(updated));
+}
+
+static void assign(Service& service, Call& call)
+{
+    const Fields fields = call.json();
+    const Session updated = service.database.write([&](soci::session& sql) {
+        Session session = visibleSession(sql, call.account(), call.id());
+        readAppointment(fields, session);
+        if (fields.has("assigned_notary_id")) {
+            const Id notary = fields.number("assigned_notary_id").value_or(0);
+            if (!findNotary(sql, notary))
+                throw invalidField("assigned_notary_id", "Choose a notary from the list.");
+            session.notaryId = notary;
+        }
+        updateSession(sql, session, call.account().id, service.now());
+        return visibleSession(sql, call.account(), call.id());
+    });
+    call.answer(wrappedSession(updated));
+}
+
+void addAssignmentOperations(Router& router, Service& service)
+{
+    router.add("POST", bridgeBase + "/notary/open-calls/{id}/accept", Access::Notary,
+        [&service](Call& call) { accept(service, call); });
+    router.add("POST", bridgeBase + "/notary/remote-notary/sessions/{id}/status", Access::Notary,
+        [&service](Call& call) { updateByNotary(service, call); });
+    router.add("POST", bridgeBase + "/admin/remote-notary/sessions/{id}/assign", Access::Admin,
+        [&service](Call& call) { assign(service, call); });
+}
+
+} // namespace bridge

@@ -1,0 +1,98 @@
+#include "Operations/Operations.h"
+
+#include "Answers/AccountAnswers.h"
+#include "Http/Problem.h"
+#include "Operations/AccountRules.h"
+#include "People/Accounts.h"
+
+namespace bridge {
+
+Account authenticate(Service& service, const std::string& idToken)
+{
+    if (idToken.empty())
+        throw signInNeeded();
+    std::optional<Account> account = service.database.read([&](soci::session& sql) -> std::optional<Account> {
+        const std::optional<Bearer> bearer = service.signIns.bearerOf(sql, idToken);
+        if (!bearer)
+            return std::nullopt;
+        std::optional<Account> found = findAccount(sql, bearer->userId);
+        if (found)
+            found->signInId = bearer->signInId;
+        return found;
+    });
+    if (!account)
+        throw signInNeeded();
+    return *account;
+}
+
+static void signIn(Service& service, Call& call)
+{
+    const Fields fields = call.json();
+    const std::string email = fields.text("email");
+    if (!service.throttle.admit(email))
+        throw refusal(429, "Too many attempts. Please wait a moment and try again.");
+
+    const Credentials credentials
+        = service.database.read([&](soci::session& sql) { return findCredentials(sql, email); });
+    if (!service.passwords.verify(credentials.passwordHash, fields.untrimmedText("password")))
+        throw Problem(400, {{"error", "INVALID_LOGIN_CREDENTIALS"}});
+    service.throttle.succeeded(email);
+
+    call.answer(service.database.write([&](soci::session& sql) {
+        const std::optional<Account> account = findAccount(sql, credentials.userId);
+        if (!account)
+            throw Problem(400, {{"error", "INVALID_LOGIN_CREDENTIALS"}});
+        return signInAnswer(*account, service.signIns.begin(sql, account->id));
+    }));
+}
+
+static void registerClient(Service& service, Call& call)
+{
+    const Fields fields = call.json();
+    const std::string password = fields.untrimmedText("password");
+    Account wanted;
+    readContact(fields, wanted);
+    requireLongEnough(password, "password");
+
+    const NewAccount account{wanted.email, service.passwords.hash(password), wanted.fullName, wanted.phone,
+        wanted.city, wanted.state, "client"};
+    const nlohmann::json answer = service.database.write([&](soci::session& sql) {
+        const Id id = openAccount(sql, account, service.now());
+        return registrationAnswer(*findAccount(sql, id), service.signIns.begin(sql, id));
+    });
+    call.answer(answer, 201);
+}
+
+static void renew(Service& service, Call& call)
+{
+    const std::string key = call.query("key");
+    if (key.empty() || (!service.settings.apiKey.empty() && !isSame(key, service.settings.apiKey)))
+        throw Problem(400, {{"error", "API_KEY_INVALID"}});
+    httplib::Params form;
+    httplib::detail::parse_query_text(call.text(), form);
+    const auto value = [&form](const char* name) {
+        const auto found = form.find(name);
+        return found == form.end() ? std::string() : found->second;
+    };
+    if (value("grant_type") != "refresh_token")
+        throw Problem(400, {{"error", "INVALID_GRANT_TYPE"}});
+
+    call.answer(service.database.write([&](soci::session& sql) {
+        const auto renewed = service.signIns.renew(sql, value("refresh_token"));
+        const auto account = renewed ? findAccount(sql, renewed->second.userId) : std::nullopt;
+        if (!account)
+            throw Problem(400, {{"error", "INVALID_REFRESH_TOKEN"}});
+        return renewalAnswer(*account, renewed->first);
+    }));
+}
+
+void addAuthOperations(Router& router, Service& service)
+{
+    router.add("POST", bridgeBase + "/auth/password-login", Access::Everybody,
+        [&service](Call& call) { signIn(service, call); });
+    router.add("POST", bridgeBase + "/auth/client-register", Access::Everybody,
+        [&service](Call& call) { registerClient(service, call); });
+    router.add("POST", "/v1/token", Access::Everybody, [&service](Call& call) { renew(service, call); });
+}
+
+} // namespace bridge

@@ -1,0 +1,132 @@
+#include "Operations/Operations.h"
+
+#include "Answers/SessionAnswers.h"
+#include "Http/Problem.h"
+#include "Operations/UploadForm.h"
+#include "Work/Sessions.h"
+#include "Work/Uploads.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <fcntl.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace bridge {
+
+static void showDocuments(Service& service, Call& call)
+{
+    const std::vector<Upload> uploads = service.database.read([&](soci::session& sql) {
+        visibleSession(sql, call.account(), call.id());
+        return listUploads(sql, call.id());
+    });
+    const char* wrapper = call.id() % 2 == 0 ? "uploads" : "documents";
+    const std::string origin = call.origin();
+    call.answer(
+        {{wrapper, listOf(uploads, [&](const Upload& upload) { return uploadAnswer(upload, origin); })}});
+}
+
+// Files that are kept before their rows are committed, and go again when that fails.
+static std::vector<Upload> store(Service& service, Call& call, UploadForm& form)
+{
+    try {
+        std::vector<Upload> uploads = form.keepFiles();
+        return service.database.write([&](soci::session& sql) {
+            // It may have been deleted while the files came in.
+            writableSession(sql, call.account(), call.id());
+            for (Upload& upload : uploads) {
+                upload.sessionId = call.id();
+                upload.userId = call.account().id;
+                upload.uploadedBy = call.account().fullName;
+                upload.createdAt = service.now().time_since_epoch().count();
+                upload = addUpload(sql, upload);
+            }
+            return uploads;
+        });
+    } catch (...) {
+        form.discardFiles();
+        throw;
+    }
+}
+
+static void upload(Service& service, Call& call)
+{
+    service.database.read([&](soci::session& sql) { writableSession(sql, call.account(), call.id()); });
+    try {
+        UploadForm form(call.contentType(), service.uploads, service.settings.largestUpload);
+        call.read([&form](const char* bytes, std::size_t size) { form.feed(bytes, size); });
+        form.requireFiles();
+        const std::vector<Upload> uploads = store(service, call, form);
+        const std::string origin = call.origin();
+        if (uploads.size() == 1)
+            call.answer({{"data", uploadAnswer(uploads.front(), origin)}}, 201);
+        else
+            call.answer({{"documents",
+                            listOf(uploads, [&](const Upload& one) { return uploadAnswer(one, origin); })}},
+                201);
+    } catch (const std::system_error&) {
+        throw refusal(507, "There is no room to store that file. Please try again later.");
+    }
+}
+
+static std::string percentEncoded(const std::string& text)
+{
+    std::string encoded;
+    for (const char letter : text) {
+        if (std::isalnum(static_cast<unsigned char>(letter)) != 0 || letter == '.' || letter == '-'
+            || letter == '_') {
+            encoded += letter;
+        } else {
+            std::array<char, 4> digits;
+            std::snprintf(digits.data(), digits.size(), "%%%02X", static_cast<unsigned char>(letter));
+            encoded += digits.data();
+        }
+    }
+    return encoded;
+}
+
+// The type that the uploader stated is repeated only when it is plainly one.
+static std::string safeMimeType(const std::string& type)
+{
+    const auto slash = type.find('/');
+    const bool isPlain = std::all_of(type.begin(), type.end(), [](unsigned char letter) {
+        return std::isalnum(letter) || letter == '/' || letter == '-' || letter == '.' || letter == '+';
+    });
+    return isPlain && slash != std::string::npos && slash > 0 && slash + 1 < type.size()
+        ? type
+        : "application/octet-stream";
+}
+
+static void download(Service& service, Call& call)
+{
+    const std::optional<Upload> found
+        = service.database.read([&](soci::session& sql) { return findUpload(sql, call.id()); });
+    if (!found || !isSame(found->downloadKey, call.query("key")))
+        throw notFound();
+    const auto file
+        = std::make_shared<Descriptor>(::open((service.uploads / found->path).c_str(), O_RDONLY | O_CLOEXEC));
+    if (file->number() < 0)
+        throw notFound();
+
+    httplib::Response& response = call.response();
+    response.set_header(
+        "Content-Disposition", "attachment; filename*=UTF-8''" + percentEncoded(found->originalName));
+    response.set_content_provider(static_cast<std::size_t>(found->byteSize), safeMimeType(found->mimeType),
+        [file](std::size_t offset, std::size_t length, httplib::DataSink& sink) {
+            std::array<char, 64 * 1024> buffer;
+            const ssize_t count = ::pread(
+                file->number(), buffer.data(), std::min(length, buffer.size()), static_cast<off_t>(offset));
+            return count > 0 && sink.write(buffer.data(), static_cast<std::size_t>(count));
+        });
+}
+
+void addDocumentOperations(Router& router, Service& service)
+{
+    const std::string documents = bridgeBase + "/remote-notary/sessions/{id}/documents";
+    router.add("GET", documents, Access::SignedIn, [&service](Call& call) { showDocuments(service, call); });
+    router.add("POST", documents, Access::SignedIn, [&service](Call& call) { upload(service, call); });
+    router.add("GET", "/files/{id}", Access::Everybody, [&service](Call& call) { download(service, call); });
+}
+
+} // namespace bridge

@@ -1,0 +1,102 @@
+#include "Operations/Operations.h"
+
+#include "Answers/OfficeAnswers.h"
+#include "Answers/SessionAnswers.h"
+#include "Http/Problem.h"
+#include "Operations/AccountRules.h"
+#include "People/Accounts.h"
+#include "People/Notaries.h"
+
+namespace bridge {
+
+static void list(Service& service, Call& call)
+{
+    const std::vector<Notary> notaries
+        = service.database.read([](soci::session& sql) { return listNotaries(sql); });
+    call.answer({{"notaries", listOf(notaries, notaryAnswer)}});
+}
+
+static void readNotary(const Fields& fields, Notary& notary)
+{
+    const auto take = [&fields](std::initializer_list<std::string> keys, std::string& target) {
+        for (const std::string& key : keys) {
+            if (fields.has(key)) {
+                target = fields.text(key);
+                return;
+            }
+        }
+    };
+    take({"name", "full_name"}, notary.name);
+    take({"email"}, notary.email);
+    take({"phone"}, notary.phone);
+    take({"notarial_state", "state"}, notary.state);
+    take({"county"}, notary.county);
+    take({"commission_number"}, notary.commissionNumber);
+    take({"commission_expiration_date"}, notary.commissionExpiration);
+    take({"billing_status"}, notary.billingStatus);
+    if (fields.has("active"))
+        notary.isActive = fields.flag("active");
+    if (notary.name.empty())
+        throw Problem(422, {{"error", "Enter the notary's name."}});
+    if (!isEmailAddress(notary.email))
+        throw Problem(422, {{"error", "Enter a valid email address."}});
+}
+
+// A profile without an account gets one with its first password.
+static void setPassword(
+    Service& service, soci::session& sql, const Notary& notary, const std::string& hash, Call& call)
+{
+    if (notary.userId == 0) {
+        const NewAccount account{notary.email, hash, notary.name, notary.phone, "", notary.state, "client"};
+        const Id user = openAccount(sql, account, service.now());
+        linkNotary(sql, notary.id, user);
+        Account linked = *findAccount(sql, user);
+        linked.roleWord = "notary";
+        updateAccount(sql, linked, service.now());
+        return;
+    }
+    const bool isOwn = notary.userId == call.account().id;
+    setPasswordHash(sql, notary.userId, hash, service.now());
+    service.signIns.endAll(sql, notary.userId, isOwn ? call.account().signInId : 0);
+}
+
+static void save(Service& service, Call& call)
+{
+    const Fields fields = call.json();
+    if (call.id() == 0)
+        throw refusal(422, "Choose a notary first.");
+    const std::optional<std::string> password = readNewPassword(fields);
+    const std::string hash = password ? service.passwords.hash(*password) : std::string();
+
+    call.answer(service.database.write([&](soci::session& sql) {
+        std::optional<Notary> notary = findNotary(sql, call.id());
+        if (!notary)
+            throw notFound();
+        readNotary(fields, *notary);
+        updateNotary(sql, *notary, service.now());
+        if (password)
+            setPassword(service, sql, *notary, hash, call);
+        return nlohmann::json{{"data", notaryAnswer(*findNotary(sql, call.id()))}};
+    }));
+}
+
+static void remove(Service& service, Call& call)
+{
+    service.database.write([&](soci::session& sql) {
+        if (!findNotary(sql, call.id()))
+            throw notFound();
+        deleteNotary(sql, call.id());
+    });
+    call.answerNothing();
+}
+
+void addNotaryOperations(Router& router, Service& service)
+{
+    const std::string notaries = bridgeBase + "/admin/notaries";
+    router.add("GET", notaries, Access::Admin, [&service](Call& call) { list(service, call); });
+    router.add("POST", notaries + "/{id}", Access::Admin, [&service](Call& call) { save(service, call); });
+    router.add(
+        "DELETE", notaries + "/{id}", Access::Admin, [&service](Call& call) { remove(service, call); });
+}
+
+} // namespace bridge

@@ -1,0 +1,73 @@
+#include "Operations/Operations.h"
+
+#include "Answers/AccountAnswers.h"
+#include "Answers/SessionAnswers.h"
+#include "Http/Problem.h"
+#include "Operations/AccountRules.h"
+#include "People/Accounts.h"
+
+namespace bridge {
+
+static void list(Service& service, Call& call)
+{
+    const std::vector<Account> accounts
+        = service.database.read([](soci::session& sql) { return listAccounts(sql); });
+    call.answer({{"users", listOf(accounts, userAnswer)}});
+}
+
+static void readRole(const Fields& fields, const Account& admin, Account& account)
+{
+    const std::string word = lowerCased(fields.text("role"));
+    if (!roleOf(word))
+        throw invalidField("role", "That role is not known.");
+    if (account.id == admin.id && roleOf(word) != Role::Admin)
+        throw refusal(409, "You cannot take the admin role from your own account.");
+    account.roleWord = word;
+}
+
+static void save(Service& service, Call& call)
+{
+    const Fields fields = call.json();
+    if (call.id() == 0)
+        throw refusal(422, "Choose an account first.");
+    const std::optional<std::string> password = readNewPassword(fields);
+    const std::string hash = password ? service.passwords.hash(*password) : std::string();
+
+    call.answer(service.database.write([&](soci::session& sql) {
+        std::optional<Account> account = findAccount(sql, call.id());
+        if (!account)
+            throw notFound();
+        readContact(fields, *account);
+        if (fields.has("role"))
+            readRole(fields, call.account(), *account);
+        updateAccount(sql, *account, service.now());
+        if (password) {
+            const bool isOwn = account->id == call.account().id;
+            setPasswordHash(sql, account->id, hash, service.now());
+            service.signIns.endAll(sql, account->id, isOwn ? call.account().signInId : 0);
+        }
+        return nlohmann::json{{"user", userAnswer(*findAccount(sql, account->id))}};
+    }));
+}
+
+static void remove(Service& service, Call& call)
+{
+    if (call.id() == call.account().id)
+        throw refusal(409, "You cannot delete your own account.");
+    service.database.write([&](soci::session& sql) {
+        if (!findAccount(sql, call.id()))
+            throw notFound();
+        closeAccount(sql, call.id());
+    });
+    call.answer({{"message", "Account was deleted."}});
+}
+
+void addUserOperations(Router& router, Service& service)
+{
+    const std::string users = bridgeBase + "/admin/users";
+    router.add("GET", users, Access::Admin, [&service](Call& call) { list(service, call); });
+    router.add("POST", users + "/{id}", Access::Admin, [&service](Call& call) { save(service, call); });
+    router.add("DELETE", users + "/{id}", Access::Admin, [&service](Call& call) { remove(service, call); });
+}
+
+} // namespace bridge

@@ -1,0 +1,58 @@
+#include "Bridge.h"
+#include "Demo/DemoData.h"
+#include "Options.h"
+
+#include <csignal>
+#include <iostream>
+#include <sys/stat.h>
+#include <thread>
+
+namespace {
+
+// Serves until SIGTERM or SIGINT, which every thread but the waiting one has blocked.
+void serve(bridge::Bridge& server)
+{
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGTERM);
+    sigaddset(&signals, SIGINT);
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+
+    server.listen();
+    std::thread waiter([&server, &signals] {
+        int signal = 0;
+        sigwait(&signals, &signal);
+        server.stop();
+    });
+    std::cout << "Listening on " << server.address() << std::endl;
+    server.run();
+    // Should it end by itself, there is nothing left to wait for.
+    pthread_kill(waiter.native_handle(), SIGTERM);
+    waiter.join();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    umask(077);
+    try {
+        const std::optional<bridge::Settings> settings
+            = bridge::parseOptions({argv + std::min(argc, 1), argv + argc});
+        if (!settings) {
+            std::cout << bridge::usage();
+            return 0;
+        }
+        bridge::Bridge server(*settings);
+        if (settings->demo)
+            std::cout << bridge::demoAccountList();
+        serve(server);
+        return 0;
+    } catch (const bridge::OptionError& error) {
+        std::cerr << error.what() << "\n\n" << bridge::usage();
+        return 2;
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+        return 1;
+    }
+}
