@@ -100,8 +100,10 @@ QString DesktopFileHelpers::suggestedLabel(const QUrl& file)
 QUrl DesktopFileHelpers::standardized(const QUrl& file)
 {
     const bool isHere = file.host().isEmpty() || file.host() == u"localhost"_s;
-    const QString path = QDir::cleanPath(file.path(QUrl::FullyDecoded));
+    QString path = QDir::cleanPath(file.path(QUrl::FullyDecoded));
     if (!file.isLocalFile() || !isHere || !QDir::isAbsolutePath(path) || path.contains(QChar::Null))
         return {};
+    while (path.startsWith(u"/../"_s)) // above the root lies the root
+        path.remove(0, 3);
     return QUrl::fromLocalFile(path);
 }
