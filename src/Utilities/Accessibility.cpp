@@ -1,7 +1,9 @@
 #include "Accessibility.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAccessibleWidget>
+#include <QComboBox>
 
 namespace {
 
@@ -60,8 +62,65 @@ private:
     QAbstractButton* button() const { return qobject_cast<QAbstractButton*>(widget()); }
 };
 
+/// A picker is named by its label and described by what is chosen. Qt's own would be named by the choice.
+class AccessiblePicker : public QAccessibleWidget
+{
+public:
+    explicit AccessiblePicker(QComboBox* box) : QAccessibleWidget(box, QAccessible::ComboBox) { }
+
+    int childCount() const override { return 1; }
+    QAccessibleInterface* child(int index) const override
+    {
+        return index == 0 ? QAccessible::queryAccessibleInterface(box()->view()) : nullptr;
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override
+    {
+        return child && child->object() == box()->view() ? 0 : -1;
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        const auto text = QAccessibleWidget::text(kind);
+        const bool tellsChoice
+            = kind == QAccessible::Value || (kind == QAccessible::Description && text.isEmpty());
+        if (!tellsChoice)
+            return text;
+        return box()->currentIndex() < 0 ? box()->placeholderText() : box()->currentText();
+    }
+
+    QAccessible::State state() const override
+    {
+        auto state = QAccessibleWidget::state();
+        state.expandable = true;
+        state.expanded = box()->view()->isVisible();
+        state.hasPopup = true;
+        return state;
+    }
+
+    QStringList actionNames() const override
+    {
+        auto names = QAccessibleWidget::actionNames();
+        if (widget()->isEnabled())
+            names.prepend(showMenuAction());
+        return names;
+    }
+
+    void doAction(const QString& name) override
+    {
+        if (name == showMenuAction() || name == pressAction())
+            box()->view()->isVisible() ? box()->hidePopup() : box()->showPopup();
+        else
+            QAccessibleWidget::doAction(name);
+    }
+
+private:
+    QComboBox* box() const { return qobject_cast<QComboBox*>(widget()); }
+};
+
 QAccessibleInterface* makeInterface(const QString&, QObject* object)
 {
+    if (auto* box = qobject_cast<QComboBox*>(object))
+        return new AccessiblePicker(box);
     auto* widget = qobject_cast<QWidget*>(object);
     if (!widget || !widget->property(roleProperty).isValid())
         return nullptr;

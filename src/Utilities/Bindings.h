@@ -2,7 +2,9 @@
 
 #include <QObject>
 #include <QProperty>
+#include <QScopedValueRollback>
 
+#include <memory>
 #include <utility>
 
 /// Keeps a subscription to a property for as long as its parent lives.
@@ -34,11 +36,18 @@ void follow(QObject* owner, Property& property, Apply apply)
 }
 
 /// Keeps a field and a property equal, both ways; the field takes the property's value first. A field is
-/// whatever has a `Value`, value(), setValue() and a signal valueChanged(). The property must outlive it.
+/// whatever has a `Value`, value(), setValue() and a signal valueChanged(). A value that the field cannot
+/// show stays in the property until the person changes the field. The property must outlive it.
 template <typename Field, typename T>
 void bind(Field* field, QProperty<T>& property)
 {
-    follow(field, property, [field](const T& value) { field->setValue(typename Field::Value(value)); });
-    QObject::connect(
-        field, &Field::valueChanged, field, [field, &property] { property = T(field->value()); });
+    const auto following = std::make_shared<bool>(false);
+    follow(field, property, [field, following](const T& value) {
+        const QScopedValueRollback guard(*following, true);
+        field->setValue(typename Field::Value(value));
+    });
+    QObject::connect(field, &Field::valueChanged, field, [field, &property, following] {
+        if (!*following)
+            property = T(field->value());
+    });
 }

@@ -16,24 +16,30 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int padding = 12;
+constexpr int across = 10;
+constexpr int down = 13;
+/// The header's buttons stand a little outside the days.
+constexpr int headerOutset = 4;
+constexpr int chevron = 14;
 constexpr int roomToField = 4;
 
 } // namespace
 
 CalendarPopup::CalendarPopup(QWidget* parent)
     : QFrame(parent), month_(new PlainLabel({}, Type::strong)),
-      previous_(new IconButton(u"Previous Month"_s, u"chevron.left"_s)),
-      next_(new IconButton(u"Next Month"_s, u"chevron.right"_s)), days_(new MonthGrid)
+      previous_(new IconButton(u"Previous Month"_s, u"chevron.left"_s, chevron)),
+      next_(new IconButton(u"Next Month"_s, u"chevron.right"_s, chevron)), days_(new MonthGrid)
 {
     setAccessibleName(u"Calendar"_s);
     month_->setAlignment(Qt::AlignCenter);
     auto* header = Layouts::row(0, {previous_, month_, next_});
     header->setStretch(1, 1);
-    auto* column = Layouts::column(2);
+    auto* column = Layouts::column(4);
     column->addLayout(header);
-    column->addWidget(days_);
-    column->setContentsMargins(padding, padding, padding, padding);
+    auto* body = Layouts::row(0, {days_});
+    body->setContentsMargins(headerOutset, 0, headerOutset, 0);
+    column->addLayout(body);
+    column->setContentsMargins(across - headerOutset, down, across - headerOutset, down);
     column->setSizeConstraint(QLayout::SetFixedSize);
     setLayout(column);
     setFocusProxy(days_);

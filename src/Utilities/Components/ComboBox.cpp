@@ -35,13 +35,16 @@ ComboBox::ComboBox(const QList<Option>& options, QWidget* parent) : QComboBox(pa
     auto* popup = list->window();
     popup->setAttribute(Qt::WA_TranslucentBackground);
     popup->setWindowFlag(Qt::NoDropShadowWindowHint);
-    connect(this, &QComboBox::currentIndexChanged, this, [this] { emit valueChanged(value()); });
+    connect(this, &QComboBox::currentIndexChanged, this, [this](int index) {
+        if (index >= 0)
+            wanted_ = value();
+        emit valueChanged(value());
+    });
     setOptions(options);
 }
 
 void ComboBox::setOptions(const QList<Option>& options)
 {
-    const auto chosen = value();
     {
         const QSignalBlocker quiet(this);
         clear();
@@ -51,10 +54,8 @@ void ComboBox::setOptions(const QList<Option>& options)
             setItemData(count() - 1, option.symbol, ComboListDelegate::SymbolRole);
             hasSymbols_ = hasSymbols_ || !option.symbol.isEmpty();
         }
-        setCurrentIndex(findData(chosen));
+        setCurrentIndex(findData(wanted_));
     }
-    if (value() != chosen)
-        emit valueChanged(value());
     updateGeometry();
     update();
 }
@@ -74,6 +75,7 @@ void ComboBox::setCompact(bool compact)
 
 void ComboBox::setValue(const QString& value)
 {
+    wanted_ = value;
     setCurrentIndex(findData(value));
 }
 

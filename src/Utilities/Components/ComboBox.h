@@ -21,7 +21,8 @@ public:
 
     explicit ComboBox(const QList<Option>& options = {}, QWidget* parent = nullptr);
 
-    /// Replaces the options; the choice stays when its value is still among them.
+    /// Replaces the options. The value that was chosen or set last is chosen again where it is among them;
+    /// this is no change by the person and tells nobody.
     void setOptions(const QList<Option>& options);
     void setPrompt(const QString& prompt);
     /// A lower box, for rows and the sidebar.
@@ -47,6 +48,7 @@ private:
     int padding() const;
     int boxHeight() const;
 
+    QString wanted_; ///< the value chosen or set last, whether or not it is among the options
     bool compact_ = false;
     bool hasSymbols_ = false;
 };

@@ -105,7 +105,8 @@ void DropArea::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     const qreal edge = hovered_ ? hoverEdge : idleEdge;
     QPen pen(Palette::color(hovered_ ? Brand::blue : Brand::muted), edge);
-    pen.setDashPattern({3 / edge * 1.5, 2 / edge * 1.5});
+    // In units of the pen's width.
+    pen.setDashPattern(hovered_ ? QList<qreal>{4 / edge, 3 / edge} : QList<qreal>{3 / edge, 2 / edge});
     pen.setCapStyle(Qt::FlatCap);
     painter.setPen(pen);
     painter.setBrush(Palette::color(hovered_ ? Brand::paleBlue : Brand::panel));

@@ -11,8 +11,8 @@
 #include <QKeyEvent>
 #include <QPainter>
 
-IconButton::IconButton(const QString& title, const QString& systemImage, QWidget* parent)
-    : QAbstractButton(parent), symbol_(systemImage)
+IconButton::IconButton(const QString& title, const QString& systemImage, int edge, QWidget* parent)
+    : QAbstractButton(parent), symbol_(systemImage), edge_(edge)
 {
     Accessibility::setRole(this, QAccessible::Button);
     setAccessibleName(title);
@@ -43,7 +43,7 @@ void IconButton::paintEvent(QPaintEvent*)
     if (isEnabled() && (underMouse() || isDown()))
         Paint::roundedRect(painter, rect(), Radius::smallButton,
             Palette::color(isDown() ? Brand::paleBlue : Brand::softBlue));
-    const auto edge = IconSize::button();
+    const auto edge = Type::scaled(edge_);
     const QRectF box((width() - edge) / 2.0, (height() - edge) / 2.0, edge, edge);
     Symbols::paint(painter, box, symbol_, Palette::color(isEnabled() ? Brand::steel : Brand::muted));
 }

@@ -9,7 +9,8 @@ class IconButton : public QAbstractButton
     Q_OBJECT
 
 public:
-    IconButton(const QString& title, const QString& systemImage, QWidget* parent = nullptr);
+    /// \param edge  of the symbol, at the design's text size
+    IconButton(const QString& title, const QString& systemImage, int edge = 16, QWidget* parent = nullptr);
 
     QSize sizeHint() const override;
 
@@ -19,4 +20,5 @@ protected:
 
 private:
     QString symbol_;
+    int edge_;
 };

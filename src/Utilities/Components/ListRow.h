@@ -6,14 +6,14 @@
 /// What a row of a list shows. All texts are plain.
 struct ListRow
 {
-    QString title;
-    QString pill; ///< status; no pill when empty and `hasPill` is false
+    QString title = {};
+    QString pill = {}; ///< status; no pill when empty and `hasPill` is false
     bool hasPill = false; ///< shows the pill also for an empty status
-    QStringList lines; ///< under the title
-    QString metaSymbol; ///< before the meta line
-    QString meta; ///< the last line, set a little apart
-    QString chip; ///< symbol of the chip before the texts
-    QString trailing; ///< a word at the trailing end of the last line
+    QStringList lines = {}; ///< under the title
+    QString metaSymbol = {}; ///< before the meta line
+    QString meta = {}; ///< the last line, set a little apart
+    QString chip = {}; ///< symbol of the chip before the texts
+    QString trailing = {}; ///< a word at the trailing end of the last line
 
     /// How the row is read out: title first, then what stands under and beside it.
     QString spoken() const;

@@ -91,9 +91,9 @@ ListRowDelegate::Places ListRowDelegate::placesOf(const ListRow& row, const QRec
         inner.setLeft(places.chip.right() + 1 + chipGap);
     }
     if (options_.chevron) {
-        const int edge = IconSize::chevron();
+        const int edge = Type::scaled(12);
         places.chevron = QRect(inner.right() - edge + 1, places.row.center().y() - edge / 2 + 1, edge, edge);
-        inner.setRight(places.chevron.left() - 1 - textGap);
+        inner.setRight(places.chevron.left() - 1 - textGap - 2);
     }
     const int first = firstLineHeight();
     places.title = QRect(inner.left(), inner.top(), inner.width(), first);

@@ -23,7 +23,7 @@ int cellEdge()
 }
 int dayWidth()
 {
-    return Type::scaled(35);
+    return Type::scaled(36);
 }
 int weekHeight()
 {

@@ -39,12 +39,16 @@ void RowList::setShowsAllRows(bool showsAll)
 
 void RowList::setModel(QAbstractItemModel* model)
 {
+    if (this->model())
+        disconnect(this->model(), nullptr, this, nullptr);
     QListView::setModel(model);
+    updateGeometry();
+    if (!model)
+        return;
     const auto resize = [this] { updateGeometry(); };
     connect(model, &QAbstractItemModel::rowsInserted, this, resize);
     connect(model, &QAbstractItemModel::rowsRemoved, this, resize);
     connect(model, &QAbstractItemModel::modelReset, this, resize);
-    updateGeometry();
 }
 
 QSize RowList::sizeHint() const
