@@ -1,5 +1,5 @@
 /// Draws every component in each of its states, for a look at all of them at once:
-///   component_gallery --output FOLDER
+///   component_gallery --output FOLDER [--text PIXELS] [-reverse]
 #include "BrandStyle.h"
 #include "Specimens.h"
 
@@ -17,12 +17,16 @@ int main(int argc, char** argv)
     QCommandLineParser parser;
     const QCommandLineOption output(u"output"_s, u"Folder for the pictures."_s, u"folder"_s, u"."_s);
     parser.addHelpOption();
-    parser.addOption(output);
+    const QCommandLineOption text(u"text"_s, u"The desktop's text size."_s, u"pixels"_s, u"13"_s);
+    parser.addOptions({output, text});
     parser.process(application);
     const QDir folder(parser.value(output));
     if (!folder.mkpath(u"."_s))
         return 1;
 
+    QFont desktop;
+    desktop.setPixelSize(parser.value(text).toInt());
+    QApplication::setFont(desktop);
     QApplication::setEffectEnabled(Qt::UI_AnimateCombo, false);
     auto* style = BrandStyle::install();
     const std::initializer_list<std::pair<QString, QWidget* (*)()>> sheets{

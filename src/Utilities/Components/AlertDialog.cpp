@@ -71,6 +71,12 @@ AlertDialog::AlertDialog(QWidget* window)
     setGeometry(window->rect());
 }
 
+AlertDialog::~AlertDialog()
+{
+    // The focus moves once more while the widgets inside are taken down.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 void AlertDialog::setTexts(const QString& title, const QString& message)
 {
     setAccessibleName(title);

@@ -18,6 +18,8 @@ public:
     /// Opens an alert over the window of `widget`. An alert that is open there shows the new texts instead.
     static AlertDialog* present(QWidget* widget, const QString& title, const QString& message);
 
+    ~AlertDialog() override;
+
     QString title() const { return accessibleName(); }
     QString message() const { return accessibleDescription(); }
     Button* okButton() const { return ok_; }

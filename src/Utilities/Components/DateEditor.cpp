@@ -73,14 +73,18 @@ QRect DateEditor::partRect(QStyle::SubControl part) const
     return QStyle::visualRect(layoutDirection(), rect(), {before, 2, width() - before - after, height() - 4});
 }
 
+CalendarPopup* DateEditor::calendar() const
+{
+    return popup_ && popup_->isVisible() ? popup_ : nullptr;
+}
+
 void DateEditor::openCalendar()
 {
-    if (popup_)
+    if (calendar())
         return;
     popup_ = new CalendarPopup(this);
     popup_->setDates(date(), minimumDate(), QDate::currentDate());
     connect(popup_, &CalendarPopup::picked, this, [this](const QDate& picked) { setDate(picked); });
-    connect(popup_, &QObject::destroyed, this, [this] { popup_ = nullptr; });
     popup_->openBelow(this);
 }
 
@@ -111,7 +115,7 @@ void DateEditor::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     auto state = Paint::stateOf(*this, this);
-    state.focused = state.focused || popup_;
+    state.focused = state.focused || calendar();
     Paint::field(painter, rect(), state);
     const auto color = Palette::color(isEnabled() ? Brand::steel : Brand::muted);
     if (kind_ == Kind::date)

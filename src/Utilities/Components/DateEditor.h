@@ -3,6 +3,7 @@
 #include "BrandStyle.h"
 
 #include <QDateTimeEdit>
+#include <QPointer>
 #include <QWheelEvent>
 
 class CalendarPopup;
@@ -20,7 +21,8 @@ public:
     QRect partRect(QStyle::SubControl part) const override;
 
     void openCalendar();
-    CalendarPopup* calendar() const { return popup_; }
+    /// The calendar while it is open, or null.
+    CalendarPopup* calendar() const;
 
 protected:
     enum class Kind
@@ -42,5 +44,5 @@ private:
     QRect trailingSymbol() const;
 
     Kind kind_;
-    CalendarPopup* popup_ = nullptr;
+    QPointer<CalendarPopup> popup_;
 };
