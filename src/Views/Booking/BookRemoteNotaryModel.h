@@ -115,7 +115,7 @@ private:
     void prefillFrom(const JSONObject& profile, const AuthUser& user);
     DesktopUploadDraft* findUpload(const QUuid& id);
     QCoro::Task<> book(Turn turn, QString token);
-    QCoro::Task<std::shared_ptr<Booked>> create(QJsonObject body, QString token);
+    QCoro::Task<std::shared_ptr<Booked>> create(QJsonObject body, Turn turn, QString token);
     QCoro::Task<qsizetype> uploadBookingFiles(std::shared_ptr<Booked> booked, Turn turn, QString token);
     QCoro::Task<> uploadFile(
         DesktopUploadDraft draft, qint64 sessionId, Request::Progress progress, QString token);

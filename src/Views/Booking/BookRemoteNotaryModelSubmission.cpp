@@ -43,15 +43,17 @@ static QString uploadedSuffix(qsizetype count)
         + u" uploaded into the session."_s;
 }
 
-/// Runs to its end even when the person signs out meanwhile: what they attached goes where they sent it.
+/// Once the person has signed out, the request under way ends by itself and nothing more is sent in their
+/// name.
 QCoro::Task<> BookRemoteNotaryModel::book(Turn turn, QString token)
 {
     const QJsonObject body = requestBody();
     std::shared_ptr<Booked> booked = booked_;
     if (!booked || booked->body != body) {
-        booked = co_await create(body, token);
-        if (turn.isNewest())
-            booked_ = booked;
+        booked = co_await create(body, turn, token);
+        if (turn.isOver())
+            co_return;
+        booked_ = booked;
     }
     QString message = u"Remote notary request "_s + booked->reference
         + u" was created. Our team will review and confirm the session."_s;
@@ -69,13 +71,14 @@ QCoro::Task<> BookRemoteNotaryModel::book(Turn turn, QString token)
 }
 
 QCoro::Task<std::shared_ptr<BookRemoteNotaryModel::Booked>> BookRemoteNotaryModel::create(
-    QJsonObject body, QString token)
+    QJsonObject body, Turn turn, QString token)
 {
     const JSONObject response = co_await api().createSession(body, token);
     const auto created = std::make_shared<Booked>();
     created->body = body;
     created->reference = response.string(u"reference_id"_s, response.string(u"id"_s, u"your new request"_s));
-    created->sessionId = co_await resolveCreatedSessionId(response, created->reference, token);
+    if (!turn.isOver())
+        created->sessionId = co_await resolveCreatedSessionId(response, created->reference, token);
     co_return created;
 }
 
@@ -151,6 +154,8 @@ QCoro::Task<qsizetype> BookRemoteNotaryModel::uploadBookingFiles(
             };
             progress(0, size);
             co_await uploadFile(draft, *booked->sessionId, progress, token);
+            if (turn.isOver())
+                co_return 0;
             booked->sentFiles += draft.id;
         }
         done += size;
@@ -178,10 +183,10 @@ QCoro::Task<> BookRemoteNotaryModel::uploadFile(
     co_await api().uploadSessionFiles(sessionId, draft.label, draft.category, files, token, progress);
 }
 
-/// A submission that the form has been reset under shows nothing any more.
+/// Bytes are still counted when the form has been reset or its person has left; nobody is to see them then.
 void BookRemoteNotaryModel::showProgress(const Turn& turn, const QString& text, double done)
 {
-    if (!turn.isNewest())
+    if (turn.isOver())
         return;
     uploadProgressText = text;
     uploadProgress = done;

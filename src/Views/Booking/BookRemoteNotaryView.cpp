@@ -1,0 +1,98 @@
+#include "Booking/BookRemoteNotaryView.h"
+
+#include "AlertPresenter.h"
+#include "Bindings.h"
+#include "Booking/BookRemoteNotaryModel.h"
+#include "Booking/BookingForm.h"
+#include "Booking/SuccessCard.h"
+#include "Components/WorkspaceHero.h"
+#include "FileChooser.h"
+#include "Launch.h"
+#include "Page.h"
+#include "Spacing.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <iterator>
+
+using namespace Qt::StringLiterals;
+
+/// A directory, a pipe or a device among the addresses is passed over: only regular files can be sent.
+static void attach(BookRemoteNotaryModel& model, const QList<QUrl>& files)
+{
+    QList<QUrl> regular;
+    std::copy_if(files.begin(), files.end(), std::back_inserter(regular),
+        [](const QUrl& file) { return QFileInfo(file.toLocalFile()).isFile(); });
+    model.addBookingFileURLs(regular);
+}
+
+BookRemoteNotaryView::BookRemoteNotaryView(std::shared_ptr<BookRemoteNotaryModel> model, QWidget* parent)
+    : QWidget(parent), chooseFiles(FileChooser::open), model_(std::move(model)),
+      page_(new Page(BookingForm::widest, this)),
+      hero_(new WorkspaceHero(u"Remote Notary"_s, u"Book a Session"_s, model_->heroSubtitle())),
+      form_(new BookingForm(*model_, *page_)), success_(new SuccessCard)
+{
+    page_->column()->addWidget(hero_);
+    page_->column()->addWidget(form_);
+    page_->column()->addWidget(success_);
+
+    AuthManager& auth = model_->context().auth;
+    follow(this, auth.activeRole, [this](AppRole) { hero_->setSubtitle(model_->heroSubtitle()); });
+    follow(this, auth.user,
+        [this](const std::optional<AuthUser>&) { hero_->setSubtitle(model_->heroSubtitle()); });
+    follow(this, model_->successMessage, [this](const std::optional<QString>&) { showFormOrSuccess(); });
+
+    connect(form_, &BookingForm::filesWanted, this,
+        [this] { chooseFiles(this, [model = model_](const QList<QUrl>& files) { attach(*model, files); }); });
+    connect(form_, &BookingForm::filesDropped, this,
+        [this](const QList<QUrl>& files) { attach(*model_, files); });
+    connect(success_, &SuccessCard::sessionsWanted, this, [this] { model_->viewSessions(); });
+    connect(success_, &SuccessCard::anotherWanted, this, [this] { model_->bookAnother(); });
+}
+
+BookRemoteNotaryView::~BookRemoteNotaryView()
+{
+    // What shows the model goes before it: this view may be the last to hold it.
+    delete page_;
+}
+
+void BookRemoteNotaryView::showFormOrSuccess()
+{
+    const std::optional<QString> message = model_->successMessage.value();
+    if (message)
+        success_->setMessage(*message);
+    const bool hadFocus = page_->isAncestorOf(QApplication::focusWidget());
+    form_->setVisible(!message);
+    success_->setVisible(message.has_value());
+    if (!isVisible())
+        return;
+    page_->verticalScrollBar()->setValue(0);
+    if (hadFocus && message)
+        success_->focusFirstAction();
+    else if (hadFocus)
+        form_->focusFirstField();
+}
+
+void BookRemoteNotaryView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (std::exchange(wasShown_, true))
+        return;
+    // Only now is the window known that an alert goes over.
+    presentAlerts(this, model_->alert, [model = model_] { model->dismissAlert(); });
+    launch(model_->prefill());
+}
+
+void BookRemoteNotaryView::resizeEvent(QResizeEvent*)
+{
+    form_->arrange(width());
+    const int padding = Spacing::page;
+    const int available = std::min(width() - 2 * padding, BookingForm::widest);
+    const int spare = std::max(0, available - form_->widestNow());
+    page_->column()->setContentsMargins(spare / 2, 0, spare - spare / 2, 0);
+    page_->setGeometry(rect());
+}

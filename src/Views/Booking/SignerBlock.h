@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Components/InnerBlock.h"
+
+class BookRemoteNotaryModel;
+class ComboBox;
+class DateField;
+class TextField;
+struct SignerDraft;
+
+/// The fields of one signer.
+class SignerBlock : public InnerBlock
+{
+    Q_OBJECT
+
+public:
+    /// \param index  the signer's place in the model
+    SignerBlock(BookRemoteNotaryModel& model, qsizetype index);
+
+    /// Shows the signer as the model has it.
+    void showSigner();
+
+private:
+    void edit(const std::function<void(SignerDraft&)>& change);
+    void writeBack();
+
+    BookRemoteNotaryModel& model_;
+    qsizetype index_;
+    TextField* name_;
+    TextField* email_;
+    TextField* phone_;
+    ComboBox* idType_;
+    DateField* idExpiration_;
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Components/Card.h"
+
+#include <QUrl>
+
+class BookRemoteNotaryModel;
+class PendingFileList;
+class QScrollArea;
+class SecondaryButton;
+
+/// The files to send into the session once it is booked: where they are dropped or chosen, the list of those
+/// attached, and how far the upload has come.
+class UploadSection : public Card
+{
+    Q_OBJECT
+
+public:
+    /// \param page  in which the section scrolls
+    UploadSection(BookRemoteNotaryModel& model, QScrollArea& page);
+
+signals:
+    void filesWanted();
+    void filesDropped(const QList<QUrl>& files);
+
+private:
+    QWidget* makeDropArea();
+    QWidget* makeAttached(QScrollArea& page);
+    QWidget* makeProgress();
+    void showAttached();
+
+    BookRemoteNotaryModel& model_;
+    SecondaryButton* choose_ = nullptr;
+    QWidget* attached_ = nullptr;
+    PendingFileList* files_ = nullptr;
+};
