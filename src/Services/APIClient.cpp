@@ -1,63 +1,16 @@
 #include "APIClient.h"
 
-#include "AppError.h"
 #include "RecordId.h"
-#include "Worker.h"
 
-#include <QCoroFuture>
-#include <QJsonDocument>
-#include <QStringDecoder>
-#include <QTimer>
 #include <QUuid>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Answers beyond this size are parsed off the main thread.
-constexpr qsizetype largeAnswer = 64 * 1024;
-
-QByteArray compact(const QJsonObject& object)
-{
-    return QJsonDocument(object).toJson(QJsonDocument::Compact);
-}
-
-/// A token becomes part of a header, so it must not be able to end one.
-bool isSafeToken(const QString& token)
-{
-    return std::all_of(token.begin(), token.end(), [](QChar c) { return c > u' ' && c < QChar(0x7F); });
-}
-
-/// The body as text; a fixed sentence for what is no text.
-QString textOf(const QByteArray& body)
-{
-    QStringDecoder decode(QStringDecoder::Utf8);
-    const QString text = decode(body);
-    return decode.hasError() ? u"We could not read the response. Please try again."_s : text;
-}
-
 QString pathOf(const QString& before, qint64 id, const QString& after = {})
 {
     return before + QString::number(id) + after;
-}
-
-JSONObject wholeObject(const JSONValue& answer)
-{
-    const auto object = answer.object();
-    if (!object)
-        throw AppError(Sentence::couldNotComplete());
-    return *object;
-}
-
-/// The object that an answer is about: under "data", "session" or "user", else the answer itself.
-JSONObject unwrappedObject(const JSONValue& answer)
-{
-    const JSONObject whole = wholeObject(answer);
-    for (const QString& key : {u"data"_s, u"session"_s, u"user"_s}) {
-        if (const auto inner = whole.object(key))
-            return *inner;
-    }
-    return whole;
 }
 
 /// The first id present under the keys.
@@ -114,113 +67,21 @@ const QString sessionsPath = u"/remote-notary/sessions/"_s;
 
 } // namespace
 
-void APIClient::announceSessionExpiry(quint64 epoch) const
-{
-    NotificationCenter& notifications = backend_.notifications;
-    SignInEpoch& now = backend_.epoch;
-    // Later, never inside the call; and not for somebody who has left by then.
-    QTimer::singleShot(0, &notifications, [&notifications, &now, epoch] {
-        if (now.current() == epoch)
-            notifications.post(u"QuorvelMac.appSessionExpired"_s);
-    });
-}
-
-Request APIClient::publicRequest(QByteArray method, QString path, const QueryItems& query) const
-{
-    Request request;
-    request.method = std::move(method);
-    request.url = makeURL(backend_.config.bridgeBaseURL, path, query);
-    request.headers = {{"Content-Type", "application/json"}, {"Accept", "application/json"}};
-    return request;
-}
-
-Request APIClient::authorized(QByteArray method, QString path, QString idToken, const QueryItems& query) const
-{
-    if (!isSafeToken(idToken))
-        throw AppError(Sentence::couldNotComplete());
-    Request request = publicRequest(std::move(method), std::move(path), query);
-    request.headers += {"Authorization", "Bearer " + idToken.toLatin1()};
-    return request;
-}
-
-QCoro::Task<JSONValue> APIClient::perform(Request request, bool isPublic) const
-{
-    const APIClient self = *this;
-    const quint64 epoch = self.backend_.epoch.current();
-    Response response;
-    try {
-        response = co_await self.backend_.session.send(std::move(request));
-    } catch (const TransportError& error) {
-        const FriendlyError friendly = friendlyTransportError(error.code());
-        if (friendly.announcesSessionExpiry)
-            self.announceSessionExpiry(epoch);
-        throw AppError(friendly.message);
-    }
-    if (!response.status)
-        throw AppError(Sentence::couldNotComplete());
-
-    std::optional<JSONValue> answer = JSONValue::emptyObject();
-    if (response.body.size() > largeAnswer) {
-        auto parsing = [body = response.body] { return JSONValue::parse(body); };
-        const QFuture<std::optional<JSONValue>> parsed = onWorker(std::move(parsing));
-        answer = co_await parsed;
-    } else if (!response.body.isEmpty()) {
-        answer = JSONValue::parse(response.body);
-    }
-    if (!answer)
-        throw AppError(cleanServerText(textOf(response.body)));
-    if (*response.status >= 200 && *response.status <= 299)
-        co_return *answer;
-    if (isPublic)
-        throw AppError(friendlyPublicHTTPError(*response.status, *answer));
-    const FriendlyError friendly = friendlyHTTPError(*response.status, *answer);
-    if (friendly.announcesSessionExpiry)
-        self.announceSessionExpiry(epoch);
-    throw AppError(friendly.message);
-}
-
-QCoro::Task<JSONObject> APIClient::get(QString path, QString idToken) const
-{
-    Request request = authorized("GET", path, idToken);
-    const JSONValue answer = co_await perform(std::move(request), false);
-    co_return unwrappedObject(answer);
-}
-
-QCoro::Task<JSONObject> APIClient::write(
-    QByteArray method, QString path, std::optional<QJsonObject> body, QString idToken) const
-{
-    Request request = authorized(method, path, idToken);
-    if (body)
-        request.body = RequestBody(compact(*body));
-    const JSONValue answer = co_await perform(std::move(request), false);
-    co_return unwrappedObject(answer);
-}
-
-QCoro::Task<QList<JSONObject>> APIClient::list(QString path, QString idToken, QueryItems query) const
-{
-    Request request = authorized("GET", path, idToken, query);
-    const JSONValue answer = co_await perform(std::move(request), false);
-    co_return normalizeArray(answer);
-}
-
 QCoro::Task<JSONObject> APIClient::passwordLogin(
     QString email, QString password, std::optional<AppRole> roleHint) const
 {
-    Request request = publicRequest("POST", u"/auth/password-login"_s);
-    request.body = RequestBody(compact({
+    const QJsonObject body{
         {u"email"_s, email.trimmed()},
         {u"password"_s, password},
         {u"role_hint"_s, roleHint ? rawValue(*roleHint) : u"auto"_s},
         {u"platform"_s, u"macos_desktop"_s},
-    }));
-    const JSONValue answer = co_await perform(std::move(request), true);
-    co_return wholeObject(answer);
+    };
+    return publicWrite(u"/auth/password-login"_s, body);
 }
 
 QCoro::Task<JSONObject> APIClient::registerClient(ClientRegistration registration) const
 {
-    Request request = publicRequest("POST", u"/auth/client-register"_s);
-    request.body = RequestBody(compact({
+    const QJsonObject body{
         {u"name"_s, registration.name.trimmed()},
         {u"full_name"_s, registration.name.trimmed()},
         {u"email"_s, registration.email.trimmed()},
@@ -230,9 +91,8 @@ QCoro::Task<JSONObject> APIClient::registerClient(ClientRegistration registratio
         {u"state"_s, registration.state.trimmed()},
         {u"auth_provider"_s, u"password"_s},
         {u"platform"_s, u"macos_desktop"_s},
-    }));
-    const JSONValue answer = co_await perform(std::move(request), true);
-    co_return wholeObject(answer);
+    };
+    return publicWrite(u"/auth/client-register"_s, body);
 }
 
 QCoro::Task<JSONObject> APIClient::getProfile(QString idToken, std::optional<AppRole> roleHint) const

@@ -94,6 +94,7 @@ public:
     QCoro::Task<JSONValue> perform(Request request, bool isPublic) const;
 
 private:
+    QCoro::Task<JSONObject> publicWrite(QString path, QJsonObject body) const;
     QCoro::Task<JSONObject> get(QString path, QString idToken) const;
     QCoro::Task<JSONObject> write(
         QByteArray method, QString path, std::optional<QJsonObject> body, QString idToken) const;

@@ -38,7 +38,7 @@ public:
     /// Refreshes the stored user from the profile. \throws AppError; the user is unchanged then
     QCoro::Task<> syncProfile(std::optional<AppRole> roleHint);
     /// Renews the ID token whenever a user and an API key are there, whatever the token's age; signs out when
-    /// that fails. Never throws.
+    /// that fails. Does nothing while a renewal for the same user is under way. Never throws.
     QCoro::Task<> refreshTokenIfNeeded();
     /// A role that the user does not hold is ignored.
     void switchRole(AppRole role);
@@ -66,5 +66,5 @@ private:
 
     Backend backend_;
     UserDefaults& defaults_;
-    bool isRenewing_ = false;
+    std::optional<quint64> renewingEpoch_; ///< for whom a renewal is under way
 };

@@ -11,21 +11,25 @@ QCoro::Task<> AuthManager::refreshTokenIfNeeded()
 {
     const QPointer<AuthManager> self(this);
     const std::optional<AuthUser> renewing = user.value();
+    const quint64 epoch = backend_.epoch.current();
     // A refresh token is good for one use: two renewals at once would end the session.
-    if (isRenewing_ || !renewing || renewing->refreshToken.isEmpty())
+    if (renewingEpoch_ == epoch || !renewing || renewing->refreshToken.isEmpty())
         co_return;
     const std::optional<QString> key = backend_.config.plistValue(u"API_KEY"_s);
     if (!key)
         co_return;
-    isRenewing_ = true;
-    const auto done = qScopeGuard([self] {
-        if (self)
-            self->isRenewing_ = false;
+    renewingEpoch_ = epoch;
+    const auto done = qScopeGuard([self, epoch] {
+        if (self && self->renewingEpoch_ == epoch)
+            self->renewingEpoch_.reset();
     });
-    const quint64 epoch = backend_.epoch.current();
     std::optional<JSONObject> answer;
     try {
         answer = co_await refreshFirebaseToken(renewing->refreshToken, *key);
+    } catch (const TransportError& error) {
+        // Cancelled means that the program ends, which is no reason to forget the user.
+        if (error.code() == TransportError::Code::Cancelled)
+            co_return;
     } catch (const std::exception&) {
         // Whatever the reason, this user's session cannot go on.
     }

@@ -53,6 +53,24 @@ QList<JSONObject> normalizeArray(const JSONValue& answer)
     return {};
 }
 
+JSONObject wholeObject(const JSONValue& answer)
+{
+    const auto object = answer.object();
+    if (!object)
+        throw AppError(Sentence::couldNotComplete());
+    return *object;
+}
+
+JSONObject unwrappedObject(const JSONValue& answer)
+{
+    const JSONObject whole = wholeObject(answer);
+    for (const QString& key : {u"data"_s, u"session"_s, u"user"_s}) {
+        if (const auto inner = whole.object(key))
+            return *inner;
+    }
+    return whole;
+}
+
 std::optional<QString> parseServerMessage(const JSONValue& answer)
 {
     const auto object = answer.object();

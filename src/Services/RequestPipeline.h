@@ -17,6 +17,12 @@ QUrl makeURL(const QUrl& base, const QString& path, const QueryItems& query = {}
 /// known key; an empty list when there is none.
 QList<JSONObject> normalizeArray(const JSONValue& answer);
 
+/// The answer as the one object that it has to be. \throws AppError when it is none.
+JSONObject wholeObject(const JSONValue& answer);
+/// The object that an answer is about: the one under "data", "session" or "user", else the answer itself.
+/// \throws AppError when the answer is no object.
+JSONObject unwrappedObject(const JSONValue& answer);
+
 /// The server's own message in an answer, when it has one.
 std::optional<QString> parseServerMessage(const JSONValue& answer);
 /// Server text made fit to show: no HTML, no talk of tokens, never empty.
