@@ -4,6 +4,22 @@
 
 #include <cstring>
 
+bool BodyReader::open()
+{
+    for (const RequestBody::Part& part : body_.parts()) {
+        const auto* const wanted = std::get_if<RequestBody::File>(&part);
+        if (!wanted)
+            continue;
+        // Opening anything but a regular file, such as a pipe, could block for ever.
+        if (!QFileInfo(wanted->path).isFile())
+            return false;
+        QFile& file = files_.emplace_back(wanted->path);
+        if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || file.size() < wanted->size)
+            return false;
+    }
+    return true;
+}
+
 std::optional<qint64> BodyReader::read(char* buffer, qint64 room)
 {
     while (part_ < body_.parts().size()) {
@@ -16,9 +32,7 @@ std::optional<qint64> BodyReader::read(char* buffer, qint64 room)
             done_ += *count;
             return count;
         }
-        ++part_;
-        partDone_ = 0;
-        file_.close();
+        finishPart();
     }
     return 0;
 }
@@ -32,19 +46,19 @@ std::optional<qint64> BodyReader::readPart(const QByteArray& bytes, char* buffer
 
 std::optional<qint64> BodyReader::readPart(const RequestBody::File& file, char* buffer, qint64 room)
 {
-    if (!file_.isOpen()) {
-        // Anything but a regular file, such as a pipe, could block for ever.
-        if (!QFileInfo(file.path).isFile())
-            return std::nullopt;
-        file_.setFileName(file.path);
-        if (!file_.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-            return std::nullopt;
-    }
     const qint64 wanted = std::min(room, file.size - partDone_);
     if (wanted == 0)
         return 0;
-    const qint64 count = file_.read(buffer, wanted);
+    const qint64 count = files_.front().read(buffer, wanted);
     if (count <= 0)
         return std::nullopt;
     return count;
+}
+
+void BodyReader::finishPart()
+{
+    if (std::holds_alternative<RequestBody::File>(body_.parts().at(part_)))
+        files_.pop_front();
+    ++part_;
+    partDone_ = 0;
 }

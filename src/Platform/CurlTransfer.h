@@ -1,77 +1,68 @@
 #pragma once
 
+#include "AnswerReader.h"
 #include "BodyReader.h"
-#include "WebSession.h"
+#include "CurlHandles.h"
+#include "CurlWebSession.h"
 
 #include <QElapsedTimer>
 #include <QFuture>
-#include <QObject>
 #include <QPromise>
 
-#include <curl/curl.h>
-
-#include <memory>
 #include <variant>
 
-/// One request under way: its libcurl handle, what has been sent and received, and who waits for the outcome.
-class CurlTransfer : public QObject
-{
-    Q_OBJECT
+class QObject;
 
+/// One request under way: its libcurl handle, what has been sent and received, and who waits for the outcome.
+class CurlTransfer
+{
 public:
+    using Options = CurlWebSession::Options;
     using Outcome = std::variant<Response, TransportError::Code>;
 
-    struct Limits
-    {
-        long connectSeconds;
-        long idleSeconds;
-        qint64 largestBody;
-    };
-
-    CurlTransfer(Request request, const Limits& limits, const QByteArray& trustedFile);
-    ~CurlTransfer() override;
+    /// \param events  carries reports of progress into the event loop, and outlives the transfer
+    CurlTransfer(Request request, const Options& options, QObject* events);
+    CurlTransfer(const CurlTransfer&) = delete;
+    CurlTransfer& operator=(const CurlTransfer&) = delete;
 
     CURL* handle() const { return handle_.get(); }
-    QFuture<Outcome> outcome() const { return promise_->future(); }
+    QFuture<Outcome> outcome() const { return promise_.future(); }
 
+    /// Makes everything ready to send; the TLS sessions of earlier connections come from `share`.
+    /// \returns why the request cannot be sent, or nothing
+    std::optional<TransportError::Code> prepare(CURLSH* share);
     /// Resolves the outcome from libcurl's result.
     void finish(CURLcode result);
-    /// Resolves the outcome without a result, because the session ends.
-    void cancel();
+    /// Resolves the outcome without one.
+    void fail(TransportError::Code code) { resolve(code); }
 
 private:
-    struct HandleCleanup
-    {
-        void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
-    };
-    struct ListCleanup
-    {
-        void operator()(curl_slist* list) const { curl_slist_free_all(list); }
-    };
-
+    template <typename Value>
+    void set(CURLoption option, Value value);
     void setAddress();
     void setMethodAndBody();
     void setHeaders();
-    void setLimits();
-    void setTrust(const QByteArray& trustedFile);
-    void resolve(Outcome outcome);
-    void reportProgress();
+    void setTimeouts();
+    void setTrust();
+    void setReceivers();
 
     static size_t readBody(char* buffer, size_t size, size_t count, void* self);
-    static size_t writeBody(char* data, size_t size, size_t count, void* self);
+    static size_t takeHeaderLine(char* data, size_t size, size_t count, void* self);
+    static size_t takeBody(char* data, size_t size, size_t count, void* self);
 
-    template <typename Value>
-    void set(CURLoption option, Value value);
+    void reportProgress();
+    Outcome outcomeOf(CURLcode result) const;
+    void resolve(Outcome outcome);
 
-    Request request_;
-    Limits limits_;
+    const Request request_;
+    const Options options_;
+    QObject* const events_;
     BodyReader reader_;
-    std::unique_ptr<CURL, HandleCleanup> handle_;
-    std::unique_ptr<curl_slist, ListCleanup> headers_;
-    Response response_;
-    bool isTooLarge_ = false;
+    AnswerReader answer_;
+    CurlList headers_;
+    CurlEasy handle_;
+    CURLcode setUp_ = CURLE_OK; ///< the first option that libcurl refused
     bool fileFailed_ = false;
-    bool progressIsPosted_ = false;
     QElapsedTimer sinceProgress_;
-    std::unique_ptr<QPromise<Outcome>> promise_ = std::make_unique<QPromise<Outcome>>();
+    QPromise<Outcome> promise_;
 };

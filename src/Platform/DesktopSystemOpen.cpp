@@ -5,12 +5,6 @@
 
 using namespace Qt::StringLiterals;
 
-bool isSafeWebsite(const QUrl& url)
-{
-    const bool isWeb = url.scheme() == u"https" || url.scheme() == u"http";
-    return url.isValid() && isWeb && !url.host().isEmpty() && url.userInfo().isEmpty();
-}
-
 bool DesktopSystemOpen::openWebsite(const QUrl& url)
 {
     return isSafeWebsite(url) && QDesktopServices::openUrl(url);
@@ -18,8 +12,9 @@ bool DesktopSystemOpen::openWebsite(const QUrl& url)
 
 bool DesktopSystemOpen::composeMail(const QString& address)
 {
-    // Nothing but one address: no further fields of a message, no second recipient.
-    static const QRegularExpression plainAddress(u"^[A-Za-z0-9._+-]+@[A-Za-z0-9.-]+$"_s);
+    // Nothing but one address: no further fields of a message, no second recipient, no option of a program.
+    static const QRegularExpression plainAddress(
+        u"\\A[A-Za-z0-9_+][A-Za-z0-9._+-]*@[A-Za-z0-9][A-Za-z0-9.-]*\\z"_s);
     if (!plainAddress.match(address).hasMatch())
         return false;
     return QDesktopServices::openUrl(QUrl(u"mailto:"_s + address));

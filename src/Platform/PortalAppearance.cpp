@@ -29,27 +29,33 @@ QVariant unwrapped(QVariant value)
 
 } // namespace
 
-PortalAppearance::PortalAppearance()
+PortalAppearance::PortalAppearance() : PortalAppearance(QDBusConnection::sessionBus()) { }
+
+PortalAppearance::PortalAppearance(const QDBusConnection& bus)
 {
-    QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
-    bus.connect(service, path, interface, u"SettingChanged"_s, this,
+    QDBusConnection(bus).connect(service, path, interface, u"SettingChanged"_s, this,
         SLOT(settingChanged(QString, QString, QDBusVariant)));
-    ask();
+    // Every portal there is knows the first; it is deprecated in favour of the second.
+    ask(bus, {u"Read"_s, u"ReadOne"_s});
 }
 
-void PortalAppearance::ask()
+/// Makes the first of these calls, and the next one when the portal refuses it.
+void PortalAppearance::ask(const QDBusConnection& bus, QStringList calls)
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(service, path, interface, u"Read"_s);
+    QDBusMessage call = QDBusMessage::createMethodCall(service, path, interface, calls.takeFirst());
     call.setArguments({appearanceGroup, colorSchemeKey});
-    auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
-        const QDBusPendingReply<QDBusVariant> reply = *finished;
-        if (reply.isValid())
-            apply(unwrapped(QVariant::fromValue(reply.value())).toUInt());
-        finished->deleteLater();
-    });
+    auto* const watcher = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+        [this, bus, calls](QDBusPendingCallWatcher* finished) {
+            const QDBusPendingReply<QDBusVariant> reply = *finished;
+            finished->deleteLater();
+            if (reply.isValid())
+                apply(unwrapped(QVariant::fromValue(reply.value())).toUInt());
+            else if (!calls.isEmpty())
+                ask(bus, calls);
+        });
 }
 
 void PortalAppearance::settingChanged(const QString& group, const QString& key, const QDBusVariant& value)
@@ -60,6 +66,9 @@ void PortalAppearance::settingChanged(const QString& group, const QString& key, 
 
 void PortalAppearance::apply(uint colorScheme)
 {
-    if (std::exchange(isDark_, colorScheme == prefersDark) != isDark_)
-        emit changed();
+    const bool isDark = colorScheme == prefersDark;
+    if (isDark == isDark_)
+        return;
+    isDark_ = isDark;
+    emit changed();
 }

@@ -5,11 +5,13 @@
 #include <QMap>
 #include <QVariant>
 
-/// The preferences as Qt keeps them: an INI file in the user's configuration folder.
+/// The preferences as Qt keeps them: an INI file in the user's configuration folder. Keys are made of ASCII
+/// letters, digits, dots, underscores and hyphens; anything else found in the file is left out.
 ///
 /// A change is written as a whole new file beside the old one, read back and compared, and only then put in
 /// its place. Whatever interrupts that (a kill, a full disk, a read-only folder) leaves the old file whole.
-/// A file that cannot be read, or is larger than any that was written here, counts as empty.
+/// Of two programs that save, the last one's record is kept, whole. A file that is no record of preferences
+/// counts as empty.
 class SettingsDefaults : public UserDefaults
 {
 public:
@@ -25,11 +27,7 @@ public:
     void remove(const QString& key) override;
 
 private:
-    using Values = QMap<QString, QVariant>;
-
-    static Values read(const QString& file);
-    void save();
-
-    QString file_;
-    Values values_;
+    const QString file_;
+    QMap<QString, QVariant> values_;
+    bool isSaved_ = true; ///< whether the disk took the latest change
 };

@@ -11,7 +11,8 @@
 #include <functional>
 #include <optional>
 
-/// One request as it goes out. Everything but GET is a write: it leaves this machine at most once.
+/// One request as it goes out. Everything but GET is a write: it leaves this machine at most once. A request
+/// that cannot be meant (an address without a host, or with a user; a header of several lines) fails unsent.
 struct Request
 {
     struct Header
@@ -20,7 +21,8 @@ struct Request
         QByteArray value; ///< must not hold CR, LF or NUL; a request with such a value is refused unsent
     };
     /// Bytes of the body handed to the network so far, and the body's whole size. Called on the main thread,
-    /// at most about sixty times a second, and once more when the last byte has gone.
+    /// at most about sixty times a second, and once more when the last byte has gone; never for an empty
+    /// body.
     using Progress = std::function<void(qint64 sent, qint64 total)>;
 
     QByteArray method;

@@ -1,0 +1,143 @@
+#include "SettingsFile.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QRegularExpression>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <new>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 largestFile = 1024 * 1024;
+
+/// Whether an entry holds a serialised object. Nothing of the kind is written here, and reading one can take
+/// any amount of memory.
+bool holdsObjects(const QByteArray& content)
+{
+    bool isStart = false; // of an entry's value, or of one of its elements
+    bool isQuoted = false;
+    for (qsizetype i = 0; i < content.size(); ++i) {
+        const QByteArrayView rest = QByteArrayView(content).sliced(i);
+        if (isStart && (rest.startsWith("@Variant(") || rest.startsWith("@DateTime(")))
+            return true;
+        const char letter = content[i];
+        if (letter == '\\')
+            ++i;
+        else if (letter == '"')
+            isQuoted = !isQuoted;
+        else if (letter == '\n')
+            isQuoted = false;
+        const bool isBlank = letter == '"' || letter == ' ' || letter == '\t';
+        isStart = (!isQuoted && (letter == '=' || letter == ',')) || (isStart && isBlank);
+    }
+    return false;
+}
+
+bool isOurs(const QString& key, const QVariant& value)
+{
+    static const QRegularExpression plainKey(u"^[A-Za-z0-9._-]+$"_s);
+    const bool isKnownType = value.typeId() == QMetaType::QByteArray || value.typeId() == QMetaType::QString;
+    return isKnownType && plainKey.match(key).hasMatch();
+}
+
+/// The file as QSettings reads it, which by itself remembers what a file of this name held before.
+SettingsFile::Values parsed(const QString& path)
+{
+    const QSettings settings(path, QSettings::IniFormat);
+    if (settings.status() != QSettings::NoError)
+        return {};
+    SettingsFile::Values values;
+    for (const QString& key : settings.allKeys()) {
+        if (const QVariant value = settings.value(key); isOurs(key, value))
+            values.insert(key, value);
+    }
+    return values;
+}
+
+/// Waits until the file, or the folder with its entries, is on the disk itself.
+bool syncToDisk(const QString& path)
+{
+    const int descriptor = open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0)
+        return false;
+    const bool isSynced = fsync(descriptor) == 0;
+    close(descriptor);
+    return isSynced;
+}
+
+bool rename(const QString& from, const QString& to)
+{
+    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
+}
+
+/// Removes what a save left that was killed on its way.
+void removeLeftovers(const QFileInfo& file)
+{
+    const QStringList names
+        = file.dir().entryList({file.fileName() + u".new-*"_s}, QDir::Dirs | QDir::Hidden);
+    for (const QString& name : names)
+        QDir(file.dir().filePath(name)).removeRecursively();
+}
+
+} // namespace
+
+QString SettingsFile::standardPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+        + u"/Quorvel/Quorvel.conf"_s;
+}
+
+SettingsFile::Values SettingsFile::read(const QString& path)
+{
+    const QFileInfo info(path);
+    if (!info.isFile() || info.size() > largestFile)
+        return {};
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || holdsObjects(file.read(largestFile)))
+        return {};
+    try {
+        return parsed(path);
+    } catch (const std::bad_alloc&) {
+        return {};
+    }
+}
+
+bool SettingsFile::replace(const QString& path, const Values& values)
+{
+    constexpr int longestWait = 1000; // milliseconds, for another program that is saving
+    constexpr auto ownersAlone = QFile::ReadOwner | QFile::WriteOwner;
+    const QFileInfo info(path);
+    const QString folder = info.path();
+    QDir().mkpath(folder);
+    QFile::setPermissions(folder, ownersAlone | QFile::ExeOwner);
+
+    // Without the lock, which a full disk refuses too, only the tidying up is left undone.
+    QLockFile lock(path + u".lock"_s);
+    if (lock.tryLock(longestWait))
+        removeLeftovers(info);
+
+    const QTemporaryDir workshop(path + u".new-XXXXXX"_s);
+    if (!workshop.isValid())
+        return false;
+    const QString written = workshop.filePath(u"written"_s);
+    const QString fresh = workshop.filePath(u"fresh"_s);
+    {
+        QSettings settings(written, QSettings::IniFormat);
+        for (const auto& [key, value] : values.asKeyValueRange())
+            settings.setValue(key, value);
+    }
+    // On a full disk QSettings reports success and leaves a short file, so only what reads back counts; under
+    // its own name it would be read from memory.
+    return rename(written, fresh) && QFile::setPermissions(fresh, ownersAlone) && read(fresh) == values
+        && syncToDisk(fresh) && rename(fresh, path) && syncToDisk(folder);
+}
