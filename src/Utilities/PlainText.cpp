@@ -78,7 +78,11 @@ void draw(QPainter& painter, const QRectF& box, const QString& text, const Type:
     painter.setPen(color);
     const auto line = elided(text, style, static_cast<int>(std::ceil(box.width())));
     const auto visual = QStyle::visualAlignment(QGuiApplication::layoutDirection(), alignment);
-    painter.drawText(box, static_cast<int>(visual) | Qt::TextSingleLine, line);
+    const auto direction = painter.layoutDirection();
+    // The text's own first letters say which way it runs, whatever the way of the window.
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
+    painter.drawText(box, static_cast<int>(visual | Qt::AlignAbsolute) | Qt::TextSingleLine, line);
+    painter.setLayoutDirection(direction);
 }
 
 Paragraph::Paragraph(const QString& text, const Type::Style& style, int width)
@@ -86,7 +90,8 @@ Paragraph::Paragraph(const QString& text, const Type::Style& style, int width)
 {
     QTextOption option;
     option.setWrapMode(width < 0 ? QTextOption::ManualWrap : QTextOption::WrapAtWordBoundaryOrAnywhere);
-    option.setTextDirection(QGuiApplication::layoutDirection());
+    option.setTextDirection(Qt::LayoutDirectionAuto);
+    option.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
     layout_.setTextOption(option);
     layout_.setCacheEnabled(true);
     const auto lineHeight = Type::lineHeight(style);

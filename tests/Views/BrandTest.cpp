@@ -56,7 +56,7 @@ INSTANTIATE_TEST_SUITE_P(Palette, BrandTone,
         ToneRow{"card", Brand::card, "ffffff", "0f1622"}, ToneRow{"panel", Brand::panel, "f7fafe", "141d2b"},
         ToneRow{"softBlue", Brand::softBlue, "eef5ff", "16253e"},
         ToneRow{"paleBlue", Brand::paleBlue, "e4efff", "1d3152"}),
-    ByRowName());
+    ByName());
 
 class BrandScheme : public ComponentsTest
 { };
@@ -149,4 +149,4 @@ TEST_P(TypeFactor, FollowsTheDesktopUpToTwice)
 INSTANTIATE_TEST_SUITE_P(Sizes, TypeFactor,
     testing::Values(FactorRow{"Smaller", 11, 1, 20}, FactorRow{"Design", 13, 1, 20},
         FactorRow{"HalfAgain", 19.5, 1.5, 30}, FactorRow{"Twice", 26, 2, 40}, FactorRow{"Beyond", 52, 2, 40}),
-    ByRowName());
+    ByName());

@@ -154,7 +154,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, ComponentsAccessible,
         RoleRow{"ComboBox", QAccessible::ComboBox, makePicker},
         RoleRow{"DateField", QAccessible::SpinBox, makeDate},
         RoleRow{"DateTimeField", QAccessible::SpinBox, makeDateTime}),
-    ByRowName());
+    ByName());
 
 TEST(ComponentsAccessibleState, ASecretIsConcealed)
 {

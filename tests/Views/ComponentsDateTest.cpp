@@ -48,7 +48,7 @@ INSTANTIATE_TEST_SUITE_P(NewYork, WallClockInstant,
         InstantRow{"BeforeTheGap", reading(3, 8, 1, 59), "2026-03-08T06:59:00Z"},
         InstantRow{"InTheGap", reading(3, 8, 2, 30), "2026-03-08T07:30:00Z"},
         InstantRow{"AfterTheGap", reading(3, 8, 3, 0), "2026-03-08T07:00:00Z"}),
-    ByRowName());
+    ByName());
 
 TEST(WallClockReading, InTheGapIsAnHourLater)
 {
@@ -65,6 +65,17 @@ TEST_F(ComponentsDate, ShowsAndKeepsAnInstant)
     field.setValue(utc("2026-03-12T18:30:00Z"));
     EXPECT_EQ(field.text(), u"Mar 12, 2026, 2:30 PM"_s);
     EXPECT_EQ(field.value(), utc("2026-03-12T18:30:00Z"));
+}
+
+TEST_F(ComponentsDate, ReadsTheSameFromRightToLeft)
+{
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    DateTimeField field(newYork);
+    field.setValue(utc("2026-03-12T18:30:00Z"));
+    EXPECT_EQ(field.text(), u"Mar 12, 2026, 2:30 PM"_s);
+    field.resize(240, 36);
+    EXPECT_LT(field.partRect(QStyle::SC_SpinBoxEditField).left(), 240 - 202);
+    QApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
 TEST_F(ComponentsDate, TheSkippedHourDoesNoHarm)
@@ -226,4 +237,4 @@ INSTANTIATE_TEST_SUITE_P(Months, MonthShape,
     testing::Values(MonthRow{"BeginsOnSunday", QDate(2026, 3, 1), 5, 0},
         MonthRow{"FourWeeks", QDate(2026, 2, 1), 4, 0}, MonthRow{"SixWeeks", QDate(2026, 8, 1), 6, 6},
         MonthRow{"LeapFebruary", QDate(2028, 2, 1), 5, 2}),
-    ByRowName());
+    ByName());

@@ -68,7 +68,7 @@ INSTANTIATE_TEST_SUITE_P(Addresses, DropAddress,
         AddressRow{"Data", u"data:text/plain,x"_s, false},
         AddressRow{"Script", u"javascript:alert(1)"_s, false}, AddressRow{"Relative", u"deed.pdf"_s, false},
         AddressRow{"NoPath", u"file:"_s, false}, AddressRow{"Empty", u""_s, false}),
-    ByRowName());
+    ByName());
 
 class ComponentsDrop : public ComponentsTest
 { };
@@ -151,4 +151,4 @@ INSTANTIATE_TEST_SUITE_P(Shares, Progress,
         ProgressRow{"All", 10, 10, 1000}, ProgressRow{"Beyond", 12, 10, 1000},
         ProgressRow{"TotalUnknown", 0, 0, 0}, ProgressRow{"Negative", -1, 10, 0},
         ProgressRow{"Huge", Q_INT64_C(3) << 40, Q_INT64_C(6) << 40, 500}),
-    ByRowName());
+    ByName());

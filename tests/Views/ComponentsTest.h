@@ -2,6 +2,8 @@
 
 #include "BrandStyle.h"
 #include "Layouts.h"
+#include "Screens/Cases.h"
+#include "Screens/Printing.h"
 
 #include <gmock/gmock.h>
 
@@ -15,11 +17,6 @@
 
 #include <memory>
 #include <ostream>
-
-inline void PrintTo(const QString& text, std::ostream* out)
-{
-    *out << qUtf8Printable(QDebug::toString(text));
-}
 
 inline void PrintTo(const QDateTime& instant, std::ostream* out)
 {
@@ -82,13 +79,3 @@ inline QColor pixel(QWidget* widget, const QPoint& spot)
 {
     return widget->grab().toImage().pixelColor(spot);
 }
-
-/// Names the instances of a table's test after the `name` of each row.
-struct ByRowName
-{
-    template <typename Row>
-    std::string operator()(const testing::TestParamInfo<Row>& row) const
-    {
-        return row.param.name;
-    }
-};

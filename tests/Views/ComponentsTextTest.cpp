@@ -48,7 +48,7 @@ INSTANTIATE_TEST_SUITE_P(Texts, StatusWording,
         StatusRow{"Upper", u"COMPLETED"_s, u"Completed"_s},
         StatusRow{"TwoWords", u"in progress"_s, u"In Progress"_s},
         StatusRow{"Hyphen", u"walk-in"_s, u"Walk-In"_s}, StatusRow{"Markup", u"<b>x</b>"_s, u"<B>X</B>"_s}),
-    ByRowName());
+    ByName());
 
 class ComponentsText : public ComponentsTest
 { };
@@ -107,7 +107,7 @@ INSTANTIATE_TEST_SUITE_P(Texts, ToolTipText,
         TipRow{"Entity", u"a &amp; b"_s, u"a &amp; b"_s},
         TipRow{"LongEntity", u"&lt;"_s.repeated(80), u"&lt;"_s.repeated(80)},
         TipRow{"Endless", u"x"_s.repeated(5000), u"x"_s.repeated(1000) + u'…'}),
-    ByRowName());
+    ByName());
 
 struct LineRow
 {
@@ -130,7 +130,7 @@ INSTANTIATE_TEST_SUITE_P(Texts, SingleLine,
         LineRow{"Null", QString(u"a"_s + QChar(u'\0') + u"b"_s), u"a b"_s},
         LineRow{"Tab", u"a\tb"_s, u"a b"_s},
         LineRow{"Endless", u"x"_s.repeated(2'000'000), u"x"_s.repeated(500) + u'…'}),
-    ByRowName());
+    ByName());
 
 TEST_F(ComponentsText, AnElidedLabelKeepsItsHeightWhateverItHolds)
 {

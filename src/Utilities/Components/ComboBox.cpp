@@ -66,6 +66,12 @@ void ComboBox::setPrompt(const QString& prompt)
     update();
 }
 
+void ComboBox::setPreferredWidth(int width)
+{
+    preferredWidth_ = width;
+    updateGeometry();
+}
+
 void ComboBox::setCompact(bool compact)
 {
     compact_ = compact;
@@ -91,6 +97,8 @@ int ComboBox::boxHeight() const
 
 QSize ComboBox::sizeHint() const
 {
+    if (preferredWidth_ > 0)
+        return {preferredWidth_, boxHeight()};
     int widest = PlainText::width(placeholderText(), Type::body);
     for (int index = 0; index < count(); ++index)
         widest = qMax(widest, PlainText::width(itemText(index), Type::body));

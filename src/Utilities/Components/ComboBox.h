@@ -25,6 +25,8 @@ public:
     /// this is no change by the person and tells nobody.
     void setOptions(const QList<Option>& options);
     void setPrompt(const QString& prompt);
+    /// The width that the box takes where there is room; without one, its widest option says.
+    void setPreferredWidth(int width);
     /// A lower box, for rows and the sidebar.
     void setCompact(bool compact);
 
@@ -49,6 +51,7 @@ private:
     int boxHeight() const;
 
     QString wanted_; ///< the value chosen or set last, whether or not it is among the options
+    int preferredWidth_ = 0;
     bool compact_ = false;
     bool hasSymbols_ = false;
 };

@@ -7,6 +7,7 @@
 #include "Spacing.h"
 #include "Symbols.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -22,6 +23,8 @@ constexpr int gap = 8;
 
 DateEditor::DateEditor(Kind kind, QWidget* parent) : QDateTimeEdit(parent), kind_(kind)
 {
+    // Qt would turn the parts of the date around, which an English date does not survive.
+    setLayoutDirection(Qt::LeftToRight);
     setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
     setDisplayFormat(kind == Kind::date ? u"MMM d, yyyy"_s : u"MMM d, yyyy, h:mm AP"_s);
     setTimeSpec(Qt::UTC);
@@ -51,14 +54,15 @@ QRect DateEditor::leadingSymbol() const
     if (kind_ == Kind::date)
         return {};
     const int edge = IconSize::button();
-    return QStyle::visualRect(layoutDirection(), rect(), {padding, (height() - edge) / 2, edge, edge});
+    return QStyle::visualRect(
+        QGuiApplication::layoutDirection(), rect(), {padding, (height() - edge) / 2, edge, edge});
 }
 
 QRect DateEditor::trailingSymbol() const
 {
     const int edge = kind_ == Kind::date ? IconSize::button() : IconSize::chevron();
-    return QStyle::visualRect(
-        layoutDirection(), rect(), {width() - padding - edge, (height() - edge) / 2, edge, edge});
+    return QStyle::visualRect(QGuiApplication::layoutDirection(), rect(),
+        {width() - padding - edge, (height() - edge) / 2, edge, edge});
 }
 
 QRect DateEditor::partRect(QStyle::SubControl part) const
@@ -70,7 +74,8 @@ QRect DateEditor::partRect(QStyle::SubControl part) const
     // The line inside adds 2 pixels of its own.
     const int before = padding - 2 + (kind_ == Kind::date ? 0 : IconSize::button() + gap);
     const int after = padding + (kind_ == Kind::date ? IconSize::button() : IconSize::chevron()) + gap;
-    return QStyle::visualRect(layoutDirection(), rect(), {before, 2, width() - before - after, height() - 4});
+    return QStyle::visualRect(
+        QGuiApplication::layoutDirection(), rect(), {before, 2, width() - before - after, height() - 4});
 }
 
 CalendarPopup* DateEditor::calendar() const

@@ -126,6 +126,7 @@ void ListRowDelegate::paint(
     auto places = placesOf(row, option.rect);
     const auto visual
         = [&](const QRect& box) { return QStyle::visualRect(option.direction, option.rect, box); };
+    const bool mirrored = option.direction == Qt::RightToLeft;
     painter->save();
     painter->setLayoutDirection(option.direction);
     auto state = option.state;
@@ -163,7 +164,8 @@ void ListRowDelegate::paint(
         }
     }
     if (options_.chevron)
-        Symbols::paint(*painter, visual(places.chevron), u"chevron.right"_s, Palette::color(Brand::muted));
+        Symbols::paint(*painter, visual(places.chevron), mirrored ? u"chevron.left"_s : u"chevron.right"_s,
+            Palette::color(Brand::muted));
     painter->restore();
 }
 

@@ -19,8 +19,9 @@ LoadingLine::LoadingLine(const QString& text, QWidget* parent)
     : QWidget(parent), text_(new PlainLabel(text, Type::body, Brand::steel)), arc_(new ArcAnimation(this))
 {
     text_->setFit(PlainLabel::Fit::elide);
-    auto* row = Layouts::row(0, {text_});
-    row->setContentsMargins(IconSize::button() + gap, 0, 0, 0);
+    auto* row = Layouts::row(0);
+    row->addSpacing(IconSize::button() + gap);
+    row->addWidget(text_);
     setLayout(row);
     arc_->setTurning(true);
 }

@@ -33,7 +33,7 @@ PendingFileRow::PendingFileRow(
     detail_->setFit(PlainLabel::Fit::elide);
     detail_->setVisible(!texts.detail.isEmpty());
     type_->setCompact(true);
-    type_->setFixedWidth(Type::scaled(typeWidth));
+    type_->setPreferredWidth(Type::scaled(typeWidth));
     type_->setValue(texts.type);
     type_->setAccessibleName(u"Type"_s);
     auto* caption = new FieldCaption(u"Type"_s);
