@@ -51,14 +51,16 @@ static void addPeople(soci::session& sql, const std::string& hash, Moment now)
                 .run();
         if (*person.county) {
             // An admin becomes a notary by a profile, everybody else has one by the role.
-            Query(sql,
-                "insert into notaries(user_id, name, email, created_at, updated_at)"
-                " values(:id, :name, :email, :now, :now) on conflict(user_id) do nothing")
-                .bind("id", id)
-                .bind("name", person.name)
-                .bind("email", person.email)
-                .bind("now", now.time_since_epoch().count())
-                .run();
+            if (findAccount(sql, id)->notaryId == 0) {
+                Query(sql,
+                    "insert into notaries(user_id, name, email, created_at, updated_at)"
+                    " values(:id, :name, :email, :now, :now)")
+                    .bind("id", id)
+                    .bind("name", person.name)
+                    .bind("email", person.email)
+                    .bind("now", now.time_since_epoch().count())
+                    .run();
+            }
             Notary profile = *findNotary(sql, findAccount(sql, id)->notaryId);
             profile.state = person.state;
             profile.county = person.county;

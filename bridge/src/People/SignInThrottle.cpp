@@ -1,6 +1,7 @@
 #include "People/SignInThrottle.h"
 
 #include "Http/Fields.h"
+#include "People/Passwords.h"
 
 #include <algorithm>
 
@@ -15,6 +16,12 @@ static constexpr std::size_t mostRemembered = 10'000;
 
 SignInThrottle::SignInThrottle(Clock clock) : clock_(std::move(clock)) { }
 
+// Of one length, whatever is sent as an address.
+static std::string keyOf(const std::string& email)
+{
+    return fingerprint(lowerCased(email));
+}
+
 static seconds delayAfter(int failures)
 {
     if (failures < freeFailures)
@@ -28,7 +35,7 @@ bool SignInThrottle::admit(const std::string& email)
     const Moment now = clock_();
     if (attempts_.size() >= mostRemembered)
         forgetOld(now);
-    Attempts& attempts = attempts_[lowerCased(email)];
+    Attempts& attempts = attempts_[keyOf(email)];
     if (now - attempts.last > memory)
         attempts.failures = 0;
     if (now < attempts.last + delayAfter(attempts.failures))
@@ -41,7 +48,7 @@ bool SignInThrottle::admit(const std::string& email)
 void SignInThrottle::succeeded(const std::string& email)
 {
     const std::lock_guard lock(mutex_);
-    attempts_.erase(lowerCased(email));
+    attempts_.erase(keyOf(email));
 }
 
 void SignInThrottle::forgetOld(Moment now)

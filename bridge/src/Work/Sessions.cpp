@@ -89,6 +89,8 @@ static Id selfIn(const Account& account, Scope scope)
         return account.businessId;
     case Scope::AssignedToNotary:
         return account.notaryId;
+    case Scope::OpenCalls:
+        return account.isNotaryActive ? account.notaryId : 0;
     default:
         return account.id;
     }
