@@ -17,6 +17,8 @@ namespace {
 
 constexpr int outerMargin = 12;
 constexpr int headerTile = 40;
+constexpr int textIndent = 8; ///< of the header and the headings, to where the entries' symbols begin
+constexpr int betweenEntries = 2;
 
 } // namespace
 
@@ -69,7 +71,7 @@ void Sidebar::addHeader()
     caption->setFit(PlainLabel::Fit::elide);
 
     auto* row = Layouts::row(12);
-    row->setContentsMargins(8, 0, 0, 0);
+    row->setContentsMargins(textIndent, 0, 0, 0);
     row->addWidget(new Chip(header.systemImage, headerTile, Chip::Look::dark));
     row->addLayout(Layouts::column(0, {name, caption}), 1);
     column_->addLayout(row);
@@ -96,23 +98,23 @@ void Sidebar::addRoleSwitcher()
     card->add(new PlainLabel(u"Active Workspace"_s, Type::group));
     card->add(new LabeledField(u"Role"_s, picker, LabeledField::Placement::beside), 8);
     column_->addWidget(card);
-    column_->addSpacing(outerMargin);
+    column_->addSpacing(4);
 }
 
 void Sidebar::addGroup(const MainWindowModel::Group& group)
 {
-    auto* heading = new PlainLabel(group.title, Type::group, Brand::steel);
-    heading->setContentsMargins(8, 4, 8, 4);
-    column_->addWidget(heading);
+    auto* heading = Layouts::column(0, {new PlainLabel(group.title, Type::group, Brand::steel)});
+    heading->setContentsMargins(textIndent, 12, textIndent, 4);
+    column_->addLayout(heading);
+    auto* entries = Layouts::column(betweenEntries);
     for (const AppSection section : group.sections) {
         auto* entry = new SidebarEntry(title(section), systemImage(section));
         entry->setChecked(section == model_.selectedSection());
         connect(entry, &SidebarEntry::clicked, this, [this, section] { model_.select(section); });
-        column_->addWidget(entry);
-        column_->addSpacing(2);
+        entries->addWidget(entry);
         entries_ += {section, entry};
     }
-    column_->addSpacing(8);
+    column_->addLayout(entries);
 }
 
 void Sidebar::paintEvent(QPaintEvent*)
