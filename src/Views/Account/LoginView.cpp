@@ -144,6 +144,7 @@ QWidget* LoginView::makeSubmit()
 {
     auto* button = new PrimaryButton(u"Sign In"_s);
     button->setButtonSize(Button::Size::large);
+    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     followMode(
         [button](bool registering) { button->setTitle(registering ? u"Create Account"_s : u"Sign In"_s); });
     follow(this, model_->isBusy(), [button](bool busy) { button->setLoading(busy); });

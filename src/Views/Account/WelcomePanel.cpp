@@ -46,7 +46,7 @@ WelcomePanel::WelcomePanel(QWidget* parent) : QWidget(parent)
     column->addWidget(feature(u"menubar.rectangle"_s, u"Menu bar access"_s,
         u"Book, open sessions, and switch workspaces from the top menu."_s));
     column->addSpacing(20);
-    column->addStretch();
+    column->addStretch(1);
     column->addWidget(new InfoTile(u"lock.shield.fill"_s, u"Secure session handling"_s,
         u"You will be returned to sign in when your session ends."_s, InfoTile::Background::dark));
     setLayout(column);
