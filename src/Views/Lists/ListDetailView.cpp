@@ -39,8 +39,10 @@ ListDetailView::ListDetailView(const Texts& texts, RowListModel& rows, QWidget* 
 
 QWidget* ListDetailView::makeHeader(const Texts& texts)
 {
-    auto* column = Layouts::column(0, {new PlainLabel(texts.title, Type::title), subtitle_});
+    auto* column = Layouts::column(0, {new PlainLabel(texts.title, Type::title)});
     column->setContentsMargins(headerPadding, 20, headerPadding, 12);
+    column->addSpacing(4);
+    column->addWidget(subtitle_);
     column->addSpacing(12);
     column->addWidget(search_);
     column->addSpacing(12);
