@@ -1,6 +1,7 @@
 #include "BookingTest.h"
 
 #include "Cases.h"
+#include "support/Await.h"
 
 using namespace Qt::StringLiterals;
 
@@ -13,19 +14,10 @@ protected:
 
     std::optional<QString> success() const { return model->successMessage.value(); }
 
-    /// What the resolution of a created session's id comes to.
-    std::optional<qint64> resolve(const QByteArray& answer, const QString& reference)
+    Awaited<std::optional<qint64>> resolve(const QByteArray& answer, const QString& reference)
     {
-        std::optional<qint64> id;
-        launch(store(model->resolveCreatedSessionId(JSONObject(object(answer)), reference, u"token"_s), &id));
-        settle();
-        return id;
-    }
-
-    static QCoro::Task<> store(QCoro::Task<std::optional<qint64>> task, std::optional<qint64>* into)
-    {
-        const std::optional<qint64> id = co_await task;
-        *into = id;
+        const JSONObject response(object(answer));
+        return Awaited(model->resolveCreatedSessionId(response, reference, u"token"_s));
     }
 };
 
@@ -197,7 +189,7 @@ class BookingResolution : public BookingSubmissionTest, public testing::WithPara
 
 TEST_P(BookingResolution, ReadsTheIdFromTheAnswer)
 {
-    EXPECT_EQ(resolve(GetParam().answer, u"RN-1"_s), GetParam().id);
+    EXPECT_EQ(resolve(GetParam().answer, u"RN-1"_s).result(), GetParam().id);
     EXPECT_EQ(requestCount(), 0);
 }
 
@@ -230,13 +222,11 @@ class BookingLookup : public BookingSubmissionTest, public testing::WithParamInt
 
 TEST_P(BookingLookup, FindsTheSessionByItsReference)
 {
-    std::optional<qint64> id;
-    launch(store(model->resolveCreatedSessionId(JSONObject(), GetParam().reference, u"token"_s), &id));
-    settle();
+    const auto id = resolve("{}", GetParam().reference);
     ASSERT_EQ(requestCount(), 1);
     EXPECT_EQ(line(0), u"GET /remote-notary/sessions"_s);
     answer(0, GetParam().list);
-    EXPECT_EQ(id, GetParam().id);
+    EXPECT_EQ(id.result(), GetParam().id);
 }
 
 INSTANTIATE_TEST_SUITE_P(Lists, BookingLookup,
@@ -257,7 +247,7 @@ INSTANTIATE_TEST_SUITE_P(Lists, BookingLookup,
 
 TEST_F(BookingSubmissionTest, AnEmptyReferenceIsNotLookedUp)
 {
-    EXPECT_EQ(resolve("{}", u" \n"_s), std::nullopt);
+    EXPECT_EQ(resolve("{}", u" \n"_s).result(), std::nullopt);
     EXPECT_EQ(requestCount(), 0);
 }
 
@@ -274,9 +264,11 @@ TEST_F(BookingSubmissionTest, AFailedLookupLeavesTheBookingStanding)
 
 TEST_F(BookingSubmissionTest, ALateSuccessForSomebodyElseShowsNothing)
 {
+    attach(u"deed.pdf"_s);
     submit();
     replaceUser(account(u"Second"_s));
-    answer(0, R"({"id": 7})");
+    answer(0, R"({"reference_id": "RN-7"})");
+    EXPECT_EQ(requestCount(), 1) << "the id is not looked up, the file not sent";
     EXPECT_FALSE(success().has_value());
     EXPECT_FALSE(model->isSubmitting.value());
     EXPECT_TRUE(alertOf(*model).isEmpty());
@@ -320,8 +312,8 @@ TEST_F(BookingSubmissionTest, EndsItsWorkAlthoughTheScreenHasGone)
 TEST_F(BookingSubmissionTest, OutlivesTheEndOfTheWebSession)
 {
     submit();
+    EXPECT_EQ(request(0).method, "POST");
     webSession.reset();
-    settle();
     EXPECT_FALSE(model->isSubmitting.value());
     EXPECT_FALSE(success().has_value());
 }

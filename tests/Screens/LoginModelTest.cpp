@@ -72,7 +72,8 @@ TEST_P(LoginFault, IsShownAndNothingIsSent)
     settle();
     if (GetParam().message.isEmpty()) {
         EXPECT_TRUE(alertOf(*model).isEmpty());
-        EXPECT_EQ(requestCount(), 1);
+        ASSERT_EQ(requestCount(), 1);
+        EXPECT_EQ(request(0).method, "POST");
         return;
     }
     const QString title = GetParam().registering ? u"Registration Failed"_s : u"Sign In Failed"_s;
@@ -269,8 +270,8 @@ TEST_F(LoginModelTest, OutlivesTheEndOfTheWebSession)
 {
     fillIn();
     launch(model->submit());
+    EXPECT_EQ(request(0).method, "POST");
     webSession.reset();
-    settle();
     EXPECT_FALSE(auth.isSignedIn());
     EXPECT_FALSE(model->isBusy().value());
 }

@@ -97,7 +97,6 @@ TEST_F(RowListModelTest, HandsOutEveryText)
     EXPECT_EQ(first.data(RowListModel::PillRole).toString(), u"requested"_s);
     EXPECT_EQ(first.data(Qt::AccessibleTextRole).toString(), u"Title, Second, Third, requested"_s);
     EXPECT_FALSE(first.data(Qt::DecorationRole).isValid());
-    EXPECT_FALSE(model.data({}, RowListModel::TitleRole).isValid());
 }
 
 TEST_F(RowListModelTest, SpeaksOnlyTextsThatAreThere)

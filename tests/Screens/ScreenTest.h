@@ -2,6 +2,7 @@
 
 #include "Printing.h"
 #include "Screen/ScreenModel.h"
+#include "support/EventLoop.h"
 #include "support/FakeWebSession.h"
 #include "support/InMemoryDefaults.h"
 
@@ -32,17 +33,22 @@ class ScreenTest : public testing::Test
 {
 protected:
     ScreenTest();
+    /// Ends the web session first: what still waits resumes while everything that it needs is there.
+    ~ScreenTest() override;
 
     /// Makes somebody the signed-in user, without a request.
     void signIn(const AuthUser& user, AppRole role = AppRole::client);
     /// The signed-in user leaves and another one comes.
     void replaceUser(const AuthUser& user, AppRole role = AppRole::client);
 
-    qsizetype requestCount() const;
-    const Request& request(qsizetype number) const;
+    qsizetype requestCount() const { return webSession->count(); }
+    const Request& request(qsizetype number) const { return webSession->request(number); }
     /// Method, path below the bridge's base and query: "GET /remote-notary/sessions?scope=business".
     QString line(qsizetype number) const;
-    QByteArray header(qsizetype number, const QByteArray& name) const;
+    QByteArray header(qsizetype number, const QByteArray& name) const
+    {
+        return webSession->header(number, name);
+    }
     /// The bytes of a request's body, its files left out.
     QByteArray text(qsizetype number) const;
     QJsonObject body(qsizetype number) const;
@@ -50,8 +56,6 @@ protected:
     /// Answers a request and lets everything happen that follows from it.
     void answer(qsizetype number, const QByteArray& json, int status = 200);
     void fail(qsizetype number, TransportError::Code code = TransportError::Code::TimedOut);
-    /// Lets everything happen that is ready to happen.
-    static void settle();
 
     /// The texts of the alert, title first; empty when there is none.
     static QList<QString> alertOf(const ScreenModel& model);

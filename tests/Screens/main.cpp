@@ -1,10 +1,6 @@
-#include <gmock/gmock.h>
-
-#include <QCoreApplication>
+#include "support/CoreMain.h"
 
 int main(int argc, char** argv)
 {
-    QCoreApplication application(argc, argv);
-    testing::InitGoogleMock(&argc, argv);
-    return RUN_ALL_TESTS();
+    return runCoreTests(argc, argv);
 }
