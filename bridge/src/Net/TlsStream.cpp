@@ -16,6 +16,7 @@ static constexpr seconds patienceForHead(10);
 static constexpr seconds patienceForBody(30);
 static constexpr seconds patienceForWriting(30);
 static constexpr seconds patienceForGoodbye(2);
+static constexpr std::size_t largestGoodbye = 8 << 20;
 
 TlsStream::TlsStream(socket_t socket, SSL_CTX* context, int stop)
     : socket_(socket), stop_(stop), ssl_(SSL_new(context), SSL_free)
@@ -48,18 +49,19 @@ bool TlsStream::awaitRequest(seconds patience)
 
 void TlsStream::close(bool clientMayStillSend)
 {
-    if (!isSound_ && !clientMayStillSend)
+    if (!isSound_)
         return;
-    if (isSound_)
-        SSL_shutdown(ssl_.get());
+    SSL_shutdown(ssl_.get());
     if (!clientMayStillSend)
         return;
     ::shutdown(socket_, SHUT_WR);
     const SteadyTime deadline = steady_clock::now() + patienceForGoodbye;
-    while (wait(POLLIN, deadline)) {
+    std::size_t received = 0;
+    while (received < largestGoodbye && wait(POLLIN, deadline)) {
         const ssize_t count = ::recv(socket_, buffer_.data(), buffer_.size(), 0);
         if (count == 0 || (count < 0 && errno != EAGAIN && errno != EINTR))
             return;
+        received += count > 0 ? static_cast<std::size_t>(count) : 0;
     }
 }
 

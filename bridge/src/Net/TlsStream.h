@@ -31,8 +31,8 @@ public:
     /// False after a failure or a breach of the bounds: nothing more can be read.
     bool isSound() const { return isSound_; }
 
-    /// Says goodbye. A client that is still sending gets a moment to notice the answer first, since closing
-    /// right away would discard it.
+    /// Says goodbye. A client that is still sending a body gets a moment to notice the answer first, since
+    /// closing right away would discard it. After a breach there is nothing to say.
     void close(bool clientMayStillSend);
 
     bool is_readable() const override;

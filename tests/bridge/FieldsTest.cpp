@@ -1,0 +1,56 @@
+#include "Http/Fields.h"
+
+#include <gtest/gtest.h>
+
+using namespace bridge;
+using Json = nlohmann::json;
+
+static const Fields sample(Json{{"text", " a b \n"}, {"number", 12}, {"digits", " 12 "}, {"fraction", 1.5},
+    {"yes", "YES"}, {"one", 1}, {"zero", "0"}, {"no", "no"}, {"true", true}, {"null", nullptr},
+    {"list", {" x ", 2, nullptr}}, {"object", {{"inner", "value"}}}});
+
+TEST(Fields, ReadsTexts)
+{
+    EXPECT_EQ(sample.text("text"), "a b");
+    EXPECT_EQ(sample.untrimmedText("text"), " a b \n");
+    EXPECT_EQ(sample.text("number"), "12");
+    for (const char* key : {"null", "list", "object", "absent"})
+        EXPECT_EQ(sample.text(key), "") << key;
+    EXPECT_EQ(sample.firstText({"absent", "null", "digits", "text"}), "12");
+    EXPECT_EQ(sample.texts("list"), (std::vector<std::string>{"x", "2", ""}));
+    EXPECT_TRUE(sample.texts("text").empty());
+    EXPECT_EQ(sample.inner("object").text("inner"), "value");
+    EXPECT_FALSE(sample.inner("list").has("inner"));
+}
+
+TEST(Fields, ReadsNumbers)
+{
+    EXPECT_EQ(sample.number("number"), 12);
+    EXPECT_EQ(sample.number("digits"), 12);
+    for (const char* key : {"fraction", "text", "null", "list", "absent"})
+        EXPECT_EQ(sample.number(key), std::nullopt) << key;
+    EXPECT_EQ(Fields(Json{{"n", "99999999999999999999"}}).number("n"), std::nullopt);
+}
+
+TEST(Fields, ReadsFlags)
+{
+    for (const char* key : {"true", "yes", "one", "number"})
+        EXPECT_TRUE(sample.flag(key)) << key;
+    for (const char* key : {"zero", "no", "null", "text", "absent", "list"})
+        EXPECT_FALSE(sample.flag(key)) << key;
+}
+
+TEST(Fields, AnythingButAnObjectHasNone)
+{
+    for (const Json& value :
+        {Json(), Json(1), Json("text"), Json::array({1}), Json::parse("{", nullptr, false)})
+        EXPECT_EQ(Fields(value).text("text"), "");
+}
+
+TEST(EmailAddress, HasTwoPiecesAndADomain)
+{
+    for (const char* good : {"a@b.c", "first.last@example.com", " a@b.c"})
+        EXPECT_TRUE(isEmailAddress(good)) << good;
+    for (const char* bad : {"", "a@b", "@b.cd", "a@b@c.d", "ab.cd", "a.b@cd", "a@.", "@b.c"})
+        EXPECT_FALSE(isEmailAddress(bad)) << bad;
+}

@@ -1,0 +1,59 @@
+#include "support/Child.h"
+
+#include "Store/Files.h"
+
+#include <csignal>
+#include <cstdio>
+#include <sys/wait.h>
+#include <unistd.h>
+
+Child::Child(const std::filesystem::path& data, const std::vector<std::string>& options) : data_(data)
+{
+    std::vector<std::string> arguments{BRIDGE_PROGRAM, "--data", data.string(), "--listen", "127.0.0.1:0"};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    std::vector<char*> pointers;
+    for (std::string& argument : arguments)
+        pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+
+    int ends[2];
+    if (::pipe(ends) != 0)
+        return;
+    process_ = ::fork();
+    if (process_ == 0) {
+        ::dup2(ends[1], STDOUT_FILENO);
+        ::dup2(ends[1], STDERR_FILENO);
+        ::close(ends[0]);
+        ::close(ends[1]);
+        ::execv(pointers.front(), pointers.data());
+        ::_exit(127);
+    }
+    ::close(ends[1]);
+    const bridge::Descriptor reading(ends[0]);
+    const std::string sign = "Listening on https://127.0.0.1:";
+    char byte = 0;
+    while (::read(reading.number(), &byte, 1) == 1) {
+        output_ += byte;
+        const auto found = output_.find(sign);
+        if (byte == '\n' && found != std::string::npos) {
+            port_ = std::stoi(output_.substr(found + sign.size()));
+            return;
+        }
+    }
+}
+
+Child::~Child()
+{
+    end(SIGKILL);
+}
+
+int Child::end(int signal)
+{
+    if (process_ <= 0)
+        return 0;
+    ::kill(process_, signal);
+    int status = 0;
+    ::waitpid(process_, &status, 0);
+    process_ = -1;
+    return WIFSIGNALED(status) ? -WTERMSIG(status) : WEXITSTATUS(status);
+}
