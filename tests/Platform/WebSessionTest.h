@@ -105,3 +105,8 @@ inline std::string nameOf(Transport transport)
 {
     return transport == Transport::Tls ? "Tls" : "Plain";
 }
+
+inline void PrintTo(Transport transport, std::ostream* out)
+{
+    *out << nameOf(transport);
+}

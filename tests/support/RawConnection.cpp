@@ -20,13 +20,14 @@ QByteArray RawRequest::header(const QByteArray& name) const
     return {};
 }
 
-void RawConnection::readMore()
+/// \returns the bytes that came, valid until the next call
+QByteArrayView RawConnection::readMore()
 {
-    const QByteArray bytes = stream_.read();
-    if (bytes.isEmpty())
+    const int count = stream_.read(buffer_);
+    if (count == 0)
         throw RawStream::Gone();
-    server_.countBytes(bytes.size());
-    unread_ += bytes;
+    server_.countBytes(count);
+    return {buffer_.data(), count};
 }
 
 RawRequest RawConnection::readHead()
@@ -34,7 +35,7 @@ RawRequest RawConnection::readHead()
     const QByteArray blankLine("\r\n\r\n");
     qsizetype end = -1;
     while ((end = unread_.indexOf(blankLine)) < 0)
-        readMore();
+        unread_ += readMore();
     RawRequest request;
     request.head = unread_.first(end);
     unread_.remove(0, end + blankLine.size());
@@ -46,7 +47,7 @@ RawRequest RawConnection::readRequest()
     RawRequest request = readHead();
     const qint64 size = request.header("Content-Length").toLongLong();
     while (unread_.size() < size)
-        readMore();
+        unread_ += readMore();
     request.body = unread_.first(size);
     unread_.remove(0, size);
     server_.remember(request);
@@ -55,20 +56,21 @@ RawRequest RawConnection::readRequest()
 
 void RawConnection::skipBody(qint64 count)
 {
-    while (unread_.size() < count) {
-        count -= unread_.size();
-        unread_.clear();
-        readMore();
+    const QByteArray early = std::exchange(unread_, {});
+    unread_ = early.sliced(std::min(count, qint64(early.size())));
+    count -= early.size();
+    while (count > 0) {
+        const QByteArrayView bytes = readMore();
+        if (bytes.size() > count)
+            unread_ = bytes.sliced(count).toByteArray();
+        count -= bytes.size();
     }
-    unread_.remove(0, count);
 }
 
 void RawConnection::drain()
 {
-    for (;;) {
-        unread_.clear();
+    for (;;)
         readMore();
-    }
 }
 
 void RawConnection::trickle(const QByteArray& piece, std::chrono::milliseconds interval)

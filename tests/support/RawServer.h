@@ -15,6 +15,7 @@
 #include <mutex>
 #include <optional>
 #include <thread>
+#include <vector>
 
 class RawConnection;
 
@@ -41,8 +42,8 @@ public:
     struct Tls
     {
         TlsIdentity identity = TestCertificates::shared().identity();
-        std::optional<int> oldestVersion; ///< such as TLS1_1_VERSION; what OpenSSL allows when left out
-        std::optional<int> newestVersion;
+        std::optional<int> oldestVersion{}; ///< such as TLS1_1_VERSION; what OpenSSL allows when left out
+        std::optional<int> newestVersion{};
     };
 
     /// Listens on a free port until this object goes.
@@ -111,7 +112,7 @@ public:
     RawRequest readRequest();
     /// Reads a request up to its blank line only; it is not counted.
     RawRequest readHead();
-    /// Reads so many bytes of the body and forgets them.
+    /// Reads so many bytes of the body without keeping them.
     void skipBody(qint64 count);
     /// Counts a request whose head was read by readHead() and whose body has been skipped.
     void countRequest(const RawRequest& request) { server_.remember(request); }
@@ -129,11 +130,12 @@ public:
     void reset() { stream_.reset(); }
 
 private:
-    void readMore();
+    QByteArrayView readMore();
 
     RawServer& server_;
     RawStream& stream_;
     const int number_;
+    std::vector<char> buffer_ = std::vector<char>(64 * 1024);
     QByteArray unread_;
 };
 

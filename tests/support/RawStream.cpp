@@ -83,17 +83,14 @@ int RawStream::repeat(Step step)
     }
 }
 
-QByteArray RawStream::read()
+int RawStream::read(std::span<char> buffer)
 {
     if (!tls_)
         await(POLLIN);
-    QByteArray bytes(64 * 1024, Qt::Uninitialized);
-    const int count = repeat([&] {
-        return tls_ ? SSL_read(tls_.get(), bytes.data(), int(bytes.size()))
-                    : int(recv(socket_, bytes.data(), size_t(bytes.size()), 0));
+    return repeat([&] {
+        return tls_ ? SSL_read(tls_.get(), buffer.data(), int(buffer.size()))
+                    : int(recv(socket_, buffer.data(), buffer.size(), 0));
     });
-    bytes.truncate(count);
-    return bytes;
 }
 
 void RawStream::write(QByteArrayView bytes)

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <memory>
+#include <span>
 
 struct ssl_ctx_st;
 struct ssl_st;
@@ -23,8 +24,8 @@ public:
     RawStream& operator=(const RawStream&) = delete;
     ~RawStream();
 
-    /// \returns at least one byte; nothing when the client has closed its side
-    QByteArray read();
+    /// \returns how many bytes were read, at least one; 0 when the client has closed its side
+    int read(std::span<char> buffer);
     void write(QByteArrayView bytes);
     /// Reads nothing until the client goes or `most` has passed.
     /// \returns whether the client is still there
