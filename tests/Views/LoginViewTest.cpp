@@ -1,0 +1,100 @@
+#include "Account/LoginView.h"
+
+#include "Components/AlertDialog.h"
+#include "Components/PrimaryButton.h"
+#include "ScreensViewTest.h"
+
+#include <QAbstractButton>
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+
+class LoginViewTest : public ScreensViewTest
+{
+protected:
+    LoginViewTest()
+    {
+        view.resize(960, 728);
+        show(view);
+    }
+
+    QLineEdit* field(const QString& name) { return named<QLineEdit>(view, name); }
+    PrimaryButton* submit() { return view.findChild<PrimaryButton*>(); }
+
+    std::shared_ptr<LoginModel> model
+        = std::make_shared<LoginModel>(context, u"Sessions"_s, u"doc.text.magnifyingglass"_s);
+    LoginView view{model};
+};
+
+TEST_F(LoginViewTest, SignsInByKeyboardAlone)
+{
+    field(u"Email"_s)->setFocus();
+    QTest::keyClicks(QApplication::focusWidget(), u"priya@example.com"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClicks(QApplication::focusWidget(), u"secret"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    settle();
+
+    ASSERT_EQ(requestCount(), 1);
+    EXPECT_EQ(line(0), u"POST /auth/password-login"_s);
+    EXPECT_EQ(body(0).value(u"email"_s).toString(), u"priya@example.com"_s);
+    EXPECT_EQ(body(0).value(u"password"_s).toString(), u"secret"_s);
+    answer(0, R"({"idToken":"id","refreshToken":"refresh"})");
+    EXPECT_TRUE(auth.isSignedIn());
+}
+
+TEST_F(LoginViewTest, ABusyButtonDoesNotReact)
+{
+    model->email = u"priya@example.com"_s;
+    model->password = u"secret"_s;
+    click(submit());
+    click(submit());
+    QTest::keyClick(field(u"Password"_s), Qt::Key_Return);
+    settle();
+    EXPECT_TRUE(submit()->isLoading());
+    ASSERT_EQ(requestCount(), 1);
+    answer(0, R"({"error":"INVALID_LOGIN_CREDENTIALS"})", 400);
+    EXPECT_FALSE(submit()->isLoading());
+}
+
+TEST_F(LoginViewTest, AFailureIsOneAlertAndKeepsWhatWasTyped)
+{
+    model->email = u"priya@example.com"_s;
+    model->password = u"wrong"_s;
+    click(submit());
+    answer(0, R"({"error":"INVALID_LOGIN_CREDENTIALS"})", 400);
+
+    auto* alert = view.findChild<AlertDialog*>();
+    ASSERT_NE(alert, nullptr);
+    EXPECT_EQ(alert->title(), u"Sign In Failed"_s);
+    EXPECT_EQ(alert->message(), u"Incorrect email or password. Please try again."_s);
+    QTest::keyClick(alert->okButton(), Qt::Key_Escape);
+    settle();
+    EXPECT_FALSE(model->alert.value());
+    EXPECT_EQ(field(u"Email"_s)->text(), u"priya@example.com"_s);
+    EXPECT_EQ(field(u"Password"_s)->text(), u"wrong"_s);
+}
+
+TEST_F(LoginViewTest, TheModeShowsItsFieldsAndKeepsAllTexts)
+{
+    EXPECT_EQ(field(u"Full Name"_s), nullptr);
+    model->email = u"priya@example.com"_s;
+    click(named<QAbstractButton>(view, u"Create Account"_s));
+    EXPECT_TRUE(model->isRegistering.value());
+    for (const QString& name : {u"Full Name"_s, u"Phone"_s, u"City"_s, u"State"_s, u"Email"_s, u"Password"_s})
+        EXPECT_NE(field(name), nullptr) << name.toStdString();
+    EXPECT_EQ(submit()->title(), u"Create Account"_s);
+
+    QTest::keyClicks(field(u"Full Name"_s), u"Priya Raman"_s);
+    click(named<QAbstractButton>(view, u"Sign In"_s));
+    EXPECT_FALSE(model->isRegistering.value());
+    EXPECT_EQ(field(u"Email"_s)->text(), u"priya@example.com"_s);
+    EXPECT_EQ(model->name.value(), u"Priya Raman"_s);
+}
+
+TEST_F(LoginViewTest, ThePasswordIsConcealed)
+{
+    const auto* password = QAccessible::queryAccessibleInterface(field(u"Password"_s));
+    EXPECT_EQ(password->role(), QAccessible::EditableText);
+    EXPECT_TRUE(password->state().passwordEdit);
+}

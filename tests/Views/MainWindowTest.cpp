@@ -1,0 +1,176 @@
+#include "Shell/MainWindow.h"
+
+#include "Account/LoginView.h"
+#include "Account/SettingsContentView.h"
+#include "Booking/BookRemoteNotaryView.h"
+#include "Components/ComboBox.h"
+#include "Components/EmptyStateView.h"
+#include "Components/SidebarEntry.h"
+#include "Palette.h"
+#include "ScreensViewTest.h"
+#include "Sessions/SessionsView.h"
+#include "Shell/ContentPane.h"
+#include "Shell/DashboardHomeView.h"
+
+using namespace Qt::StringLiterals;
+
+/// A desktop whose colours the test decides.
+class SteadyAppearance : public SystemAppearance
+{
+public:
+    bool isDark() const override { return dark; }
+    void become(bool isDark)
+    {
+        dark = isDark;
+        emit changed();
+    }
+
+    bool dark = false;
+};
+
+class MainWindowTest : public ScreensViewTest
+{
+protected:
+    MainWindowTest()
+    {
+        onDark_ = appearance.isDark.addNotifier([this] { style()->setDark(appearance.isDark.value()); });
+        show(window);
+    }
+
+    template <typename Screen>
+    bool isShowing()
+    {
+        return qobject_cast<Screen*>(window.findChild<ContentPane*>()->screen()) != nullptr;
+    }
+
+    QStringList entries()
+    {
+        QStringList titles;
+        for (SidebarEntry* entry : window.findChildren<SidebarEntry*>()) {
+            if (entry->isVisible())
+                titles += entry->accessibleName();
+        }
+        return titles;
+    }
+
+    void press(const QKeySequence& keys)
+    {
+        QTest::keySequence(&window, keys);
+        settle();
+    }
+
+    SteadyAppearance desktop;
+    AppearanceModel appearance{defaults, desktop};
+    MainWindowModel model{context};
+    MainWindow window{model, appearance};
+
+private:
+    QPropertyNotifier onDark_;
+};
+
+TEST_F(MainWindowTest, StartsOnTheDashboardOfSomebodySignedOut)
+{
+    EXPECT_EQ(window.windowTitle(), u"Dashboard"_s);
+    EXPECT_EQ(window.size(), QSize(1180, 760));
+    EXPECT_EQ(window.minimumSize(), QSize(980, 680));
+    EXPECT_TRUE(isShowing<DashboardHomeView>());
+    EXPECT_EQ(
+        entries(), QStringList({u"Dashboard"_s, u"Book Remote Notary"_s, u"Sessions"_s, u"Settings"_s}));
+    EXPECT_TRUE(named<SidebarEntry>(window, u"Dashboard"_s)->isChecked());
+}
+
+TEST_F(MainWindowTest, AnEntryLeadsToItsSectionBehindItsGate)
+{
+    click(named<SidebarEntry>(window, u"Sessions"_s));
+    EXPECT_EQ(router.selectedSection.value(), AppSection::sessions);
+    EXPECT_TRUE(isShowing<LoginView>());
+    EXPECT_TRUE(named<SidebarEntry>(window, u"Sessions"_s)->isChecked());
+    EXPECT_FALSE(named<SidebarEntry>(window, u"Dashboard"_s)->isChecked());
+
+    signIn(account(u"priya"_s));
+    settle();
+    EXPECT_TRUE(isShowing<SessionsView>());
+    answer(requestCount() - 1, "[]");
+    auth.signOut();
+    settle();
+    EXPECT_TRUE(isShowing<LoginView>());
+}
+
+TEST_F(MainWindowTest, ShortcutsLeadToTheirSections)
+{
+    press(Qt::CTRL | Qt::Key_Comma);
+    EXPECT_TRUE(isShowing<SettingsContentView>());
+    press(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
+    EXPECT_EQ(router.selectedSection.value(), AppSection::sessions);
+    press(Qt::CTRL | Qt::SHIFT | Qt::Key_B);
+    EXPECT_EQ(router.selectedSection.value(), AppSection::book);
+}
+
+TEST_F(MainWindowTest, AClientIsKeptOutOfAnotherRolesSection)
+{
+    signIn(account(u"priya"_s));
+    router.open(AppSection::adminUsers);
+    settle();
+    EXPECT_TRUE(isShowing<EmptyStateView>());
+    EXPECT_EQ(model.restrictionMessage(), u"This section is available to Admin accounts only."_s);
+}
+
+TEST_F(MainWindowTest, TheSwitcherOffersTheRolesAndSwitches)
+{
+    EXPECT_EQ(named<ComboBox>(window, u"Role"_s), nullptr);
+    signIn(account(u"maya"_s, {AppRole::notary, AppRole::admin}), AppRole::admin);
+    settle();
+    auto* picker = named<ComboBox>(window, u"Role"_s);
+    ASSERT_NE(picker, nullptr);
+    EXPECT_EQ(picker->count(), 3);
+    EXPECT_EQ(picker->value(), u"admin"_s);
+    picker->setFocus();
+    QTest::keyClick(picker, Qt::Key_Home);
+    settle();
+    EXPECT_EQ(auth.role(), AppRole::client);
+    EXPECT_EQ(entries(),
+        QStringList({u"Dashboard"_s, u"Book Remote Notary"_s, u"Sessions"_s, u"Notary Dashboard"_s,
+            u"Admin Dashboard"_s, u"Records"_s, u"Users"_s, u"Notaries"_s, u"Settings"_s}));
+}
+
+TEST_F(MainWindowTest, AHalfWrittenBookingSurvivesAVisitElsewhereAndIsForgottenAtSignOut)
+{
+    signIn(account(u"priya"_s));
+    router.open(AppSection::book);
+    settle();
+    ASSERT_TRUE(isShowing<BookRemoteNotaryView>());
+    answer(requestCount() - 1, "{}");
+    model.booking()->details = u"Sign the deed"_s;
+    router.open(AppSection::settings);
+    settle();
+    router.open(AppSection::book);
+    settle();
+    EXPECT_EQ(model.booking()->details.value(), u"Sign the deed"_s);
+
+    auth.signOut();
+    signIn(account(u"tomas"_s));
+    settle();
+    EXPECT_EQ(model.booking()->details.value(), QString());
+    answer(requestCount() - 1, "{}");
+}
+
+TEST_F(MainWindowTest, ChoosingDarkColoursTheWindowAtOnceAndIsStored)
+{
+    signIn(account(u"priya"_s));
+    press(Qt::CTRL | Qt::Key_Comma);
+    click(named<QAbstractButton>(window, u"Dark"_s));
+    EXPECT_TRUE(Palette::isDark());
+    EXPECT_EQ(defaults.string(u"appearanceMode"_s), u"dark"_s);
+    click(named<QAbstractButton>(window, u"System"_s));
+    EXPECT_FALSE(Palette::isDark());
+    desktop.become(true);
+    EXPECT_TRUE(Palette::isDark()) << "follows the desktop while it runs";
+}
+
+TEST_F(MainWindowTest, ClosingHidesTheWindowAndPresentingBringsItBack)
+{
+    window.close();
+    EXPECT_FALSE(window.isVisible());
+    window.present();
+    EXPECT_TRUE(window.isVisible());
+}

@@ -1,0 +1,172 @@
+#include "Sessions/SessionsView.h"
+
+#include "Components/AlertDialog.h"
+#include "Components/ComboBox.h"
+#include "Components/EmptyStateView.h"
+#include "Components/LoadingLine.h"
+#include "Components/SearchField.h"
+#include "Lists/RowListView.h"
+#include "ScreensViewTest.h"
+#include "Sessions/SessionSummaryCard.h"
+
+using namespace Qt::StringLiterals;
+
+static const QByteArray threeSessions = R"({"sessions":[
+    {"id":1,"scheduled_date":"2025-06-01","status":"scheduled","signer_names":["Priya Raman"],
+     "document_type":"Deed","client_email":"priya@example.com"},
+    {"id":2,"scheduled_date":"2025-06-03","status":"requested","signer_names":["<b>Tomas</b> Alder"]},
+    {"id":3,"scheduled_date":"2025-06-02","status":"COMPLETED","signer_names":["Grace Obi"]}]})";
+
+class SessionsViewTest : public ScreensViewTest
+{
+protected:
+    SessionsViewTest() { signIn(account(u"priya"_s)); }
+
+    void open()
+    {
+        model = std::make_shared<SessionsModel>(context);
+        view = std::make_unique<SessionsView>(model);
+        view->resize(960, 728);
+        show(*view);
+    }
+
+    void openLoaded()
+    {
+        open();
+        answer(requestCount() - 1, threeSessions);
+    }
+
+    RowListView* list() { return view->findChild<RowListView*>(); }
+    SearchField* search() { return view->findChild<SearchField*>(); }
+
+    /// What a screen reader says of the rows on screen.
+    QStringList rows()
+    {
+        QStringList texts;
+        for (int row = 0; row < list()->model()->rowCount(); ++row)
+            texts += list()->model()->index(row, 0).data(Qt::AccessibleTextRole).toString();
+        return texts;
+    }
+
+    template <typename Widget>
+    bool isShown()
+    {
+        const auto* widget = view->findChild<Widget*>();
+        return widget && widget->isVisible();
+    }
+
+    std::shared_ptr<SessionsModel> model;
+    std::unique_ptr<SessionsView> view;
+};
+
+TEST_F(SessionsViewTest, SaysThatItLoadsUntilItShowsRows)
+{
+    open();
+    EXPECT_TRUE(isShown<LoadingLine>());
+    answer(0, threeSessions);
+    EXPECT_FALSE(isShown<LoadingLine>());
+    EXPECT_EQ(rows(),
+        QStringList({u"<b>Tomas</b> Alder, 2025-06-03, Remote notary session, requested"_s,
+            u"Grace Obi, 2025-06-02, Remote notary session, COMPLETED"_s,
+            u"Priya Raman, 2025-06-01, Deed, scheduled"_s}));
+}
+
+TEST_F(SessionsViewTest, AClickSelectsARowAndShowsItsSession)
+{
+    openLoaded();
+    EXPECT_EQ(model->selectedSession()->id, 2);
+    QTest::mouseClick(
+        list()->viewport(), Qt::LeftButton, {}, list()->visualRect(list()->model()->index(2, 0)).center());
+    settle();
+    EXPECT_EQ(model->selectedSession()->id, 1);
+    EXPECT_EQ(list()->currentIndex().row(), 2);
+    EXPECT_TRUE(isShown<SessionSummaryCard>());
+}
+
+TEST_F(SessionsViewTest, TheArrowKeysGoFromTheSearchThroughTheList)
+{
+    openLoaded();
+    search()->setFocus();
+    QTest::keyClick(search(), Qt::Key_Down);
+    EXPECT_EQ(QApplication::focusWidget(), list());
+    QTest::keyClick(list(), Qt::Key_Down);
+    settle();
+    EXPECT_EQ(model->selectedSession()->id, 3);
+}
+
+TEST_F(SessionsViewTest, EachKeystrokeFiltersAndEscapeShowsAllAgain)
+{
+    openLoaded();
+    search()->setFocus();
+    QTest::keyClicks(search(), u"ALDER"_s);
+    settle();
+    EXPECT_EQ(rows().size(), 1);
+    QTest::keyClicks(search(), u"x"_s);
+    settle();
+    EXPECT_EQ(rows().size(), 0);
+    EXPECT_FALSE(list()->isVisible());
+    QTest::keyClick(search(), Qt::Key_Escape);
+    settle();
+    EXPECT_EQ(rows().size(), 3);
+    EXPECT_EQ(list()->currentIndex().row(), 0) << "the selected session is shown as such again";
+}
+
+TEST_F(SessionsViewTest, TheStatusPickerFilters)
+{
+    openLoaded();
+    auto* picker = named<ComboBox>(*view, u"Status"_s);
+    ASSERT_NE(picker, nullptr);
+    EXPECT_EQ(picker->currentText(), u"All Statuses"_s);
+    picker->setFocus();
+    QTest::keyClick(picker, Qt::Key_End);
+    QTest::keyClick(picker, Qt::Key_Up);
+    settle();
+    EXPECT_EQ(model->statusFilter.value(), u"completed"_s);
+    EXPECT_EQ(rows().size(), 1);
+}
+
+TEST_F(SessionsViewTest, AReloadKeepsRowsSelectionAndPlace)
+{
+    openLoaded();
+    model->select(1);
+    QTest::keyClick(view.get(), Qt::Key_F5);
+    settle();
+    ASSERT_EQ(requestCount(), 2);
+    EXPECT_EQ(rows().size(), 3) << "the list stays while it loads again";
+    answer(1, threeSessions);
+    EXPECT_EQ(model->selectedSession()->id, 1);
+    EXPECT_EQ(list()->currentIndex().row(), 2);
+}
+
+TEST_F(SessionsViewTest, AFailedReloadIsOneAlertAndKeepsTheList)
+{
+    openLoaded();
+    QTest::keyClick(view.get(), Qt::Key_F5);
+    settle();
+    fail(1);
+    const auto* alert = view->findChild<AlertDialog*>();
+    ASSERT_NE(alert, nullptr);
+    EXPECT_EQ(alert->title(), u"Cannot Load Sessions"_s);
+    EXPECT_EQ(rows().size(), 3);
+}
+
+TEST_F(SessionsViewTest, WithoutSessionsBothPanesSayWhatToDo)
+{
+    open();
+    answer(0, R"({"sessions":[]})");
+    QStringList names;
+    for (const auto* state : view->findChildren<EmptyStateView*>()) {
+        if (state->isVisible())
+            names += state->accessibleName();
+    }
+    EXPECT_EQ(names.size(), 2);
+    EXPECT_FALSE(list()->isVisible());
+}
+
+TEST_F(SessionsViewTest, AViewThatGoesWhileLoadingLeavesNothingBehind)
+{
+    open();
+    view.reset();
+    answer(0, threeSessions);
+    EXPECT_EQ(model->sessions().size(), 3);
+}
