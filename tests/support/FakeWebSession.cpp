@@ -1,25 +1,39 @@
 #include "FakeWebSession.h"
 
-#include "BodyReader.h"
 #include "EventLoop.h"
 
 #include <QCoroFuture>
+#include <QFile>
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
+namespace {
+
+QByteArray bytesOfPart(const QByteArray& bytes)
+{
+    return bytes;
+}
+
+QByteArray bytesOfPart(const RequestBody::File& file)
+{
+    QFile onDisk(file.path);
+    QByteArray bytes;
+    if (onDisk.open(QFile::ReadOnly))
+        bytes = onDisk.read(file.size);
+    if (bytes.size() != file.size)
+        throw std::runtime_error("a file of the body cannot be read");
+    return bytes;
+}
+
+} // namespace
+
 QByteArray bytesOf(const RequestBody& body)
 {
-    BodyReader reader(body);
-    QByteArray bytes(body.size(), Qt::Uninitialized);
-    qint64 filled = 0;
-    while (filled < bytes.size()) {
-        const std::optional<qint64> step = reader.read(bytes.data() + filled, bytes.size() - filled);
-        if (!step || *step == 0)
-            throw std::runtime_error("a file of the body cannot be read");
-        filled += *step;
-    }
+    QByteArray bytes;
+    for (const RequestBody::Part& part : body.parts())
+        bytes += std::visit([](const auto& any) { return bytesOfPart(any); }, part);
     return bytes;
 }
 
