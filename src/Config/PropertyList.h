@@ -10,7 +10,7 @@
 namespace PropertyList {
 
 /// A larger list is refused: the parser's time grows with the square of some inputs.
-inline constexpr qint64 maximumSize = 64 * 1024;
+inline constexpr qint64 maximumSize = 65'536;
 
 /// The text under a key of the dictionary at the list's root. Nothing when the bytes are no such list, or
 /// when the key holds another type or an empty text.
