@@ -8,8 +8,8 @@
 /// The addresses and resources that a service gives to its build of the client.
 struct AppConfig
 {
-    QUrl websiteURL;     ///< scheme and host only
-    QUrl bridgeBaseURL;  ///< the website with the path "/mobile-bridge/v1"
+    QUrl websiteURL; ///< scheme and host only
+    QUrl bridgeBaseURL; ///< the website with the path "/mobile-bridge/v1"
     QUrl secureTokenURL; ///< scheme and host of the token endpoint
     QString supportEmail;
     QString resourceFolder; ///< where the property list lies

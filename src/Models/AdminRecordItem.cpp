@@ -28,7 +28,7 @@ QString AdminRecordItem::source() const
 
 QString AdminRecordItem::displayDateTime() const
 {
-    const QString dateTime = RecordFields::dateTime(raw);
+    QString dateTime = RecordFields::dateTime(raw);
     if (!dateTime.isEmpty())
         return dateTime;
     return raw.string(u"created_at"_s, raw.string(u"ny_datetime"_s, u"Date pending"_s));

@@ -6,7 +6,12 @@
 #include <optional>
 
 /// The person's choice of colour scheme. The raw values are a storage format.
-enum class AppAppearanceMode { system, light, dark };
+enum class AppAppearanceMode
+{
+    system,
+    light,
+    dark
+};
 
 inline constexpr std::array allAppAppearanceModes{
     AppAppearanceMode::system, AppAppearanceMode::light, AppAppearanceMode::dark};

@@ -7,7 +7,13 @@
 #include <optional>
 
 /// The account role in which the signed-in user is acting. The raw values are a storage and wire format.
-enum class AppRole { client, business, notary, admin };
+enum class AppRole
+{
+    client,
+    business,
+    notary,
+    admin
+};
 
 inline constexpr std::array allAppRoles{AppRole::client, AppRole::business, AppRole::notary, AppRole::admin};
 

@@ -3,7 +3,8 @@
 #include "AppRole.h"
 
 /// A navigable section of the main window.
-enum class AppSection {
+enum class AppSection
+{
     dashboard,
     book,
     sessions,

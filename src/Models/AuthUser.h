@@ -14,7 +14,7 @@ struct AuthUser
     QString idToken;
     QString refreshToken;
     std::optional<qint64> sqlUserId; ///< the bridge's id
-    std::optional<QString> role;     ///< the bridge's role word
+    std::optional<QString> role; ///< the bridge's role word
     std::optional<bool> isAdmin;
     std::optional<bool> isNotary;
     std::optional<bool> isBusiness;

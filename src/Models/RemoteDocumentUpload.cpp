@@ -25,8 +25,7 @@ QString RemoteDocumentUpload::fileName() const
 
 QString RemoteDocumentUpload::displayName() const
 {
-    const QString name
-        = raw.string(u"document_name"_s, raw.string(u"label"_s, u"Session document"_s)).trimmed();
+    QString name = raw.string(u"document_name"_s, raw.string(u"label"_s, u"Session document"_s)).trimmed();
     // All camera photos carry this one label; their file names tell them apart.
     if (name.toLower() == u"remote notary camera photos"_s)
         return fileName();

@@ -2,7 +2,8 @@
 
 #include "JSONObject.h"
 
-/// One remote notary session as the bridge describes it. Every displayed value is derived from the raw object.
+/// One remote notary session as the bridge describes it. Every displayed value is derived from the raw
+/// object.
 struct SessionSummary
 {
     qint64 id = 0;
