@@ -28,8 +28,8 @@ void AuthManager::restore()
     const std::optional<AuthUser> restored = AuthUser::decode(*stored);
     if (!restored)
         return;
-    user = restored;
     activeRole = storedRole(*restored).value_or(defaultRole(*restored));
+    user = restored;
 }
 
 /// The role chosen earlier, when the user may use it.
@@ -94,13 +94,14 @@ void AuthManager::switchRole(AppRole role)
 
 void AuthManager::store(const AuthUser& stored)
 {
-    user = stored;
+    // The role first, so that whoever is told of a new user sees them in their role.
     if (const std::optional<AppRole> role = storedRole(stored)) {
         activeRole = *role;
     } else {
         activeRole = defaultRole(stored);
         defaults_.setString(activeRoleKey, rawValue(activeRole.value()));
     }
+    user = stored;
     defaults_.setData(userDefaultsKey, stored.encoded());
 }
 

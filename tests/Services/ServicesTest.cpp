@@ -35,8 +35,8 @@ void ServicesTest::setApiKey(const QString& key)
     QFile file(resources.filePath(u"GoogleService-Info.plist"_s));
     if (!file.open(QFile::WriteOnly))
         qFatal("the property list cannot be written");
-    file.write("<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>API_KEY</key><string>" + key.toUtf8()
-        + "</string></dict></plist>");
+    file.write("<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>API_KEY</key><string>"
+        + key.toHtmlEscaped().toUtf8() + "</string></dict></plist>");
 }
 
 void ServicesTest::answer(qsizetype number, const QByteArray& body, int status)
