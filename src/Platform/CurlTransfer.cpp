@@ -71,9 +71,7 @@ void CurlTransfer::setMethodAndBody()
     const auto refuseToRewind = +[](void*, curl_off_t, int) { return CURL_SEEKFUNC_FAIL; };
     set(CURLOPT_SEEKFUNCTION, refuseToRewind);
 
-    constexpr long piece = 256 * 1024;
     set(CURLOPT_UPLOAD, 1L);
-    set(CURLOPT_UPLOAD_BUFFERSIZE, piece);
     set(CURLOPT_INFILESIZE_LARGE, curl_off_t(reader_.total()));
     set(CURLOPT_READFUNCTION, &CurlTransfer::readBody);
     set(CURLOPT_READDATA, static_cast<void*>(this));
