@@ -90,7 +90,7 @@ void BookRemoteNotaryView::showEvent(QShowEvent* event)
 void BookRemoteNotaryView::resizeEvent(QResizeEvent*)
 {
     form_->arrange(width());
-    const int padding = Spacing::page;
+    const int padding = width() < Spacing::compactBelow ? Spacing::pageCompact : Spacing::page;
     const int available = std::min(width() - 2 * padding, BookingForm::widest);
     const int spare = std::max(0, available - form_->widestNow());
     page_->column()->setContentsMargins(spare / 2, 0, spare - spare / 2, 0);

@@ -116,5 +116,5 @@ void BookingForm::placeFee()
 
 void BookingForm::focusFirstField()
 {
-    sections_.constFirst()->nextInFocusChain()->setFocus(Qt::OtherFocusReason);
+    sections_.constFirst()->setFocus(Qt::OtherFocusReason);
 }

@@ -28,7 +28,12 @@ Card* BookingSections::contact(BookRemoteNotaryModel& model)
     auto* card = new Card({title, name});
     card->add(FieldRows::threeToTwo(email, phone), Spacing::fieldsDown);
 
-    const auto showHeading = [title, &model] { title->setText(model.contactHeading()); };
+    card->setFocusProxy(name);
+    Accessibility::setRole(card, QAccessible::Grouping);
+    const auto showHeading = [card, title, &model] {
+        title->setText(model.contactHeading());
+        card->setAccessibleName(model.contactHeading());
+    };
     AuthManager& auth = model.context().auth;
     follow(title, auth.activeRole, [showHeading](AppRole) { showHeading(); });
     follow(title, auth.user, [showHeading](const std::optional<AuthUser>&) { showHeading(); });

@@ -1,5 +1,6 @@
 #include "Booking/PendingFileList.h"
 
+#include "Booking/TabOrder.h"
 #include "Components/LineInput.h"
 #include "Components/PendingFileRow.h"
 
@@ -12,6 +13,8 @@
 using namespace Qt::StringLiterals;
 
 static constexpr int gap = 8;
+/// So many rows cost nothing, and all of them are there.
+static constexpr qsizetype few = 30;
 /// Rows beyond the visible ones, so that Tab finds the next one and a short scroll shows no gap.
 static constexpr int margin = 2;
 
@@ -96,6 +99,10 @@ QList<qsizetype> PendingFileList::neededRows() const
         for (qsizetype index = std::max<qsizetype>(first, 0); index <= std::min(last, count - 1); ++index)
             needed += index;
     };
+    if (count <= few) {
+        need(0, count - 1);
+        return needed;
+    }
     const int step = rowHeight_ + gap;
     const int top = mapFrom(page_.viewport(), QPoint()).y();
     need(0, 0);
@@ -122,8 +129,7 @@ void PendingFileList::updateRows()
         kept.insert(draft.id, row);
         row->setGeometry(0, static_cast<int>(index) * (rowHeight_ + gap), width(), rowHeight_);
         row->setVisible(true);
-        setTabOrder(previous, row);
-        previous = row;
+        previous = TabOrder::append(previous, row);
     }
     for (PendingFileRow* row : std::as_const(rows_))
         discard(row);

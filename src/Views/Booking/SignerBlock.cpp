@@ -58,6 +58,11 @@ void SignerBlock::showSigner()
     idExpiration_->setValue(dayInNewYork(signer.idExpirationDate));
 }
 
+QWidget* SignerBlock::lastField() const
+{
+    return idExpiration_;
+}
+
 void SignerBlock::edit(const std::function<void(SignerDraft&)>& change)
 {
     model_.editSigner(index_, change);

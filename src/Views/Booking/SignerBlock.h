@@ -19,6 +19,7 @@ public:
 
     /// Shows the signer as the model has it.
     void showSigner();
+    QWidget* lastField() const;
 
 private:
     void edit(const std::function<void(SignerDraft&)>& change);

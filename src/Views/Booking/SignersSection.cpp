@@ -2,6 +2,7 @@
 
 #include "Booking/BookRemoteNotaryModel.h"
 #include "Booking/SignerBlock.h"
+#include "Booking/TabOrder.h"
 #include "Components/SecondaryButton.h"
 #include "Components/SectionTitle.h"
 #include "Layouts.h"
@@ -50,10 +51,12 @@ void SignersSection::appendBlock()
 {
     auto* block = new SignerBlock(model_, blocks_.size());
     column_->addWidget(block);
-    // Before the buttons, although it was made after them.
+    // At once, so that it can take the focus.
+    block->setVisible(true);
     if (!blocks_.isEmpty())
-        setTabOrder(blocks_.constLast(), block);
-    setTabOrder(block, add_);
+        TabOrder::append(blocks_.constLast()->lastField(), block);
+    // The buttons come after the blocks, although they are made before them.
+    setTabOrder(block->lastField(), add_);
     setTabOrder(add_, remove_);
     blocks_ += block;
 }

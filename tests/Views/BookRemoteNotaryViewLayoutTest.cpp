@@ -1,0 +1,138 @@
+#include "BookRemoteNotaryViewTest.h"
+#include "Booking/FeePanel.h"
+#include "Components/Button.h"
+#include "Components/Card.h"
+#include "Components/PlainLabel.h"
+#include "PlainText.h"
+
+#include <QScrollArea>
+#include <QScrollBar>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Sizes are those of the content, beside the sidebar and below the menu bar.
+class BookRemoteNotaryViewLayout : public BookRemoteNotaryViewTest
+{
+protected:
+    QRect inPage(const QWidget* widget) const { return QRect(widget->mapTo(view, QPoint()), widget->size()); }
+    QRect fee() const { return inPage(view->findChild<FeePanel*>()); }
+    QRect section(const QString& name) const { return inPage(named(name)); }
+    QScrollBar* scrollBar() const { return view->findChild<QScrollArea*>()->verticalScrollBar(); }
+
+    template <typename W, typename Check>
+    void checkAll(Check check) const
+    {
+        for (W* widget : view->findChildren<W*>()) {
+            if (widget->isVisible())
+                check(widget);
+        }
+    }
+    /// Everything has the room that its text needs.
+    void expectNothingClipped() const
+    {
+        checkAll<PlainLabel>([](const PlainLabel* label) {
+            EXPECT_GE(label->height(), label->heightForWidth(label->width()))
+                << qUtf8Printable(label->text());
+        });
+        checkAll<Button>([](const Button* button) {
+            EXPECT_GE(button->width(), button->sizeHint().width()) << qUtf8Printable(button->title());
+        });
+        checkAll<QWidget>([](const QWidget* widget) {
+            const QWidget* parent = widget->parentWidget();
+            if (widget->isWindow() || qobject_cast<const QAbstractScrollArea*>(parent->parentWidget()))
+                return;
+            EXPECT_TRUE(parent->rect().contains(widget->geometry()))
+                << widget->metaObject()->className() << ' ' << qUtf8Printable(widget->accessibleName());
+        });
+    }
+};
+
+class BookRemoteNotaryViewSizes : public BookRemoteNotaryViewLayout, public testing::WithParamInterface<QSize>
+{ };
+
+} // namespace
+
+TEST_P(BookRemoteNotaryViewSizes, NothingIsClipped)
+{
+    show(GetParam());
+    attach({u"deed.pdf"_s, QString(200, u'x') + u".pdf"_s});
+    expectNothingClipped();
+    model->addSigner();
+    model->actUnknown = true;
+    model->documentRetrievalOption = u"priority"_s;
+    model->uploadProgressText = u"Uploading 1 of 2: "_s + QString(200, u'x');
+    settle();
+    expectNothingClipped();
+    EXPECT_EQ(view->findChild<QScrollArea*>()->horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_P(BookRemoteNotaryViewSizes, NoColumnIsWiderThan720)
+{
+    show(GetParam());
+    checkAll<Card>([](const Card* card) { EXPECT_LE(card->width(), 720); });
+}
+
+INSTANTIATE_TEST_SUITE_P(Windows, BookRemoteNotaryViewSizes,
+    testing::Values(QSize(760, 648), QSize(879, 700), QSize(881, 700), QSize(960, 728), QSize(1150, 700),
+        QSize(1680, 1048)),
+    [](const auto& size) { return std::to_string(size.param.width()); });
+
+TEST_F(BookRemoteNotaryViewLayout, TheFeeStandsBesideTheColumnOnAWidePage)
+{
+    show({961, 729});
+    EXPECT_EQ(fee().width(), 288);
+    EXPECT_EQ(fee().left(), section(u"Contact Information"_s).right() + 1 + 20);
+    EXPECT_EQ(fee().top(), section(u"Contact Information"_s).top());
+    show({1681, 1048});
+    EXPECT_EQ(fee().width(), 320);
+    EXPECT_EQ(section(u"Contact Information"_s).width(), 720);
+}
+
+TEST_F(BookRemoteNotaryViewLayout, TheFeeStaysInViewWhileTheColumnScrolls)
+{
+    show();
+    scrollBar()->setValue(scrollBar()->maximum() / 2);
+    settle();
+    EXPECT_EQ(fee().top(), 28);
+    scrollBar()->setValue(scrollBar()->maximum());
+    settle();
+    EXPECT_EQ(fee().top(), 28);
+    scrollBar()->setValue(0);
+    settle();
+    EXPECT_EQ(fee().top(), section(u"Contact Information"_s).top());
+}
+
+TEST_F(BookRemoteNotaryViewLayout, OnANarrowPageTheFeeIsARowAfterTheDate)
+{
+    show({760, 648});
+    const QRect date = inPage(named(u"Preferred Date & Time"_s)->parentWidget()->parentWidget());
+    EXPECT_EQ(fee().top(), date.bottom() + 1 + 16);
+    EXPECT_EQ(fee().width(), section(u"Contact Information"_s).width());
+    EXPECT_EQ(fee().left(), section(u"Contact Information"_s).left());
+}
+
+TEST_F(BookRemoteNotaryViewLayout, AWindowMayChangeItsSizeBackAndForth)
+{
+    show({760, 648});
+    const QRect narrow = fee();
+    named(u"Number of Signatures"_s)->setFocus();
+    window.resize(960, 728);
+    settle();
+    EXPECT_EQ(fee().width(), 288);
+    EXPECT_EQ(focused(), u"Number of Signatures"_s);
+    window.resize(760, 648);
+    settle();
+    EXPECT_EQ(fee().size(), narrow.size());
+    EXPECT_EQ(focused(), u"Number of Signatures"_s);
+}
+
+TEST_F(BookRemoteNotaryViewLayout, TheSuccessCardWrapsALongMessage)
+{
+    show({760, 648});
+    model->successMessage = QString(30, u'x') + QString(100, u' ') + QString(u"words "_s).repeated(80);
+    settle();
+    expectNothingClipped();
+    EXPECT_EQ(view->findChild<QScrollArea*>()->horizontalScrollBar()->maximum(), 0);
+}
