@@ -27,7 +27,8 @@ void SettingsDefaults::setData(const QString& key, const QByteArray& value)
 
 void SettingsDefaults::setString(const QString& key, const QString& value)
 {
-    values_.insert(key, value);
+    // The file holds UTF-8, in which half a surrogate pair has no form.
+    values_.insert(key, QString::fromUtf8(value.toUtf8()));
     isSaved_ = SettingsFile::replace(file_, values_);
 }
 

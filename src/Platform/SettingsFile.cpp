@@ -2,13 +2,13 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QLockFile>
 #include <QRegularExpression>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -89,6 +89,31 @@ void removeLeftovers(const QFileInfo& file)
         QDir(file.dir().filePath(name)).removeRecursively();
 }
 
+/// Says to other programs that a save is under way, so that none takes it for a leftover. The system takes
+/// the word back when this one is killed.
+class SavingMark
+{
+public:
+    /// Tidies up first, if nobody else is saving.
+    explicit SavingMark(const QFileInfo& file)
+        : folder_(open(QFile::encodeName(file.path()).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    {
+        if (flock(folder_, LOCK_EX | LOCK_NB) == 0)
+            removeLeftovers(file);
+        flock(folder_, LOCK_SH);
+    }
+    SavingMark(const SavingMark&) = delete;
+    SavingMark& operator=(const SavingMark&) = delete;
+    ~SavingMark()
+    {
+        if (folder_ >= 0)
+            close(folder_);
+    }
+
+private:
+    const int folder_;
+};
+
 } // namespace
 
 QString SettingsFile::standardPath()
@@ -114,18 +139,13 @@ SettingsFile::Values SettingsFile::read(const QString& path)
 
 bool SettingsFile::replace(const QString& path, const Values& values)
 {
-    constexpr int longestWait = 1000; // milliseconds, for another program that is saving
     constexpr auto ownersAlone = QFile::ReadOwner | QFile::WriteOwner;
     const QFileInfo info(path);
     const QString folder = info.path();
     QDir().mkpath(folder);
     QFile::setPermissions(folder, ownersAlone | QFile::ExeOwner);
 
-    // Without the lock, which a full disk refuses too, only the tidying up is left undone.
-    QLockFile lock(path + u".lock"_s);
-    if (lock.tryLock(longestWait))
-        removeLeftovers(info);
-
+    const SavingMark mark(info);
     const QTemporaryDir workshop(path + u".new-XXXXXX"_s);
     if (!workshop.isValid())
         return false;
