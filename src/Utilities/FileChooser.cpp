@@ -37,7 +37,8 @@ public:
         const NothingRemembered now;
         dialog_ = new QFileDialog(over, u"Choose Files"_s, QDir::homePath());
         dialog_->setFileMode(QFileDialog::ExistingFiles);
-        connect(dialog_, &QFileDialog::urlsSelected, this, chosen);
+        // Qt's own dialog, unlike a desktop's, emits filesSelected but not urlsSelected.
+        connect(dialog_, &QFileDialog::accepted, this, [this, chosen] { chosen(dialog_->selectedUrls()); });
         connect(dialog_, &QFileDialog::finished, this, &QObject::deleteLater);
     }
     ~Chooser() override

@@ -44,10 +44,10 @@ TEST_P(BookRemoteNotaryViewKeyboard, TabGoesThroughTheFormInReadingOrder)
         + QList<QString>{u"Add Signer"_s, u"Remove Signer"_s, u"Witness Required"_s, u"Apostille Needed"_s,
             u"Additional Notes"_s, u"Choose Files"_s, u"Clear"_s, label, u"Remove deed.pdf"_s, u"Type"_s,
             label, u"Remove map.png"_s, u"Type"_s, u"Submit Remote Notary Request"_s};
-    EXPECT_EQ(round(Qt::Key_Tab), expected);
+    EXPECT_EQ(round(Qt::Key_Tab).join(u"; "), expected.join(u"; "));
     QList<QString> backwards = expected;
     std::reverse(backwards.begin(), backwards.end());
-    EXPECT_EQ(round(Qt::Key_Backtab), backwards);
+    EXPECT_EQ(round(Qt::Key_Backtab).join(u"; "), backwards.join(u"; "));
 }
 
 TEST_P(BookRemoteNotaryViewKeyboard, WhatHasTheFocusIsInView)

@@ -1,6 +1,7 @@
 #include "Booking/PendingFileList.h"
 
 #include "Booking/TabOrder.h"
+#include "Components/IconButton.h"
 #include "Components/LineInput.h"
 #include "Components/PendingFileRow.h"
 
@@ -70,7 +71,7 @@ void PendingFileList::moveFocusFromRemoved(const QSet<QUuid>& staying)
     if (next == drafts_.cend())
         return;
     if (PendingFileRow* row = rows_.value(next->id))
-        row->setFocus(Qt::OtherFocusReason);
+        row->labelField()->setFocus(Qt::OtherFocusReason);
 }
 
 qsizetype PendingFileList::indexOf(const QUuid& id) const
@@ -129,7 +130,8 @@ void PendingFileList::updateRows()
         kept.insert(draft.id, row);
         row->setGeometry(0, static_cast<int>(index) * (rowHeight_ + gap), width(), rowHeight_);
         row->setVisible(true);
-        previous = TabOrder::append(previous, row);
+        previous = TabOrder::append(
+            previous, {row->labelField(), row->findChild<IconButton*>(), row->typePicker()});
     }
     for (PendingFileRow* row : std::as_const(rows_))
         discard(row);
@@ -150,7 +152,6 @@ PendingFileRow* PendingFileList::makeRow(const DesktopUploadDraft& draft)
     texts.type = draft.category;
     texts.remove = u"Remove "_s + draft.fileName();
     auto* row = new PendingFileRow(DesktopFileHelpers::icon(draft.url), texts, categories, this);
-    row->setFocusProxy(row->labelField());
 
     const QUuid id = draft.id;
     connect(row, &PendingFileRow::labelChanged, this, [this, id](const QString& label) {

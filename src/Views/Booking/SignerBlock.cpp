@@ -22,15 +22,16 @@ SignerBlock::SignerBlock(BookRemoteNotaryModel& model, qsizetype index)
     const QString title = u"Signer "_s + QString::number(index_ + 1);
     Accessibility::setRole(this, QAccessible::Grouping);
     setAccessibleName(title);
-    setFocusProxy(name_);
     idType_->setPrompt(u"Select ID"_s);
+
+    auto* idType = new LabeledField(u"ID Type"_s, idType_);
+    auto* idExpiration = new LabeledField(u"ID Expiration"_s, idExpiration_);
+    fields_ = {name_, email_, phone_, idType, idExpiration};
 
     add(new PlainLabel(title, Type::sub));
     add(name_, underTitle);
     add(FieldRows::threeToTwo(email_, phone_), Spacing::fieldsDown);
-    add(FieldRows::threeToTwo(
-            new LabeledField(u"ID Type"_s, idType_), new LabeledField(u"ID Expiration"_s, idExpiration_)),
-        Spacing::fieldsDown);
+    add(FieldRows::threeToTwo(idType, idExpiration), Spacing::fieldsDown);
     showSigner();
     writeBack();
 }
@@ -56,11 +57,6 @@ void SignerBlock::showSigner()
     phone_->setText(signer.phone);
     idType_->setValue(signer.idType);
     idExpiration_->setValue(dayInNewYork(signer.idExpirationDate));
-}
-
-QWidget* SignerBlock::lastField() const
-{
-    return idExpiration_;
 }
 
 void SignerBlock::edit(const std::function<void(SignerDraft&)>& change)

@@ -19,7 +19,8 @@ public:
 
     /// Shows the signer as the model has it.
     void showSigner();
-    QWidget* lastField() const;
+    /// In the order in which Tab goes through them.
+    QList<QWidget*> fields() const { return fields_; }
 
 private:
     void edit(const std::function<void(SignerDraft&)>& change);
@@ -32,4 +33,5 @@ private:
     TextField* phone_;
     ComboBox* idType_;
     DateField* idExpiration_;
+    QList<QWidget*> fields_;
 };

@@ -17,21 +17,21 @@ SignersSection::SignersSection(BookRemoteNotaryModel& model)
       add_(new SecondaryButton(u"Add Signer"_s, u"plus.circle.fill"_s)),
       remove_(new SecondaryButton(u"Remove Signer"_s, u"minus.circle"_s))
 {
-    auto* buttons = Layouts::row(betweenButtons, {add_, remove_});
-    buttons->addStretch();
     add(new SectionTitle(u"Signers"_s));
     add(column_, Spacing::fieldsDown);
+    showSigners();
+    auto* buttons = Layouts::row(betweenButtons, {add_, remove_});
+    buttons->addStretch();
     add(buttons, Spacing::fieldsDown);
 
     connect(add_, &Button::clicked, this, [this] {
         model_.addSigner();
-        blocks_.constLast()->setFocus(Qt::OtherFocusReason);
+        blocks_.constLast()->fields().constFirst()->setFocus(Qt::OtherFocusReason);
     });
     connect(remove_, &Button::clicked, this, [this] { model_.removeSigner(); });
     connect(&model_, &BookRemoteNotaryModel::signerCountChanged, this, &SignersSection::showSigners);
     connect(&model_, &BookRemoteNotaryModel::signerChanged, this,
         [this](qsizetype index) { blocks_.at(index)->showSigner(); });
-    showSigners();
 }
 
 void SignersSection::showSigners()
@@ -51,13 +51,13 @@ void SignersSection::appendBlock()
 {
     auto* block = new SignerBlock(model_, blocks_.size());
     column_->addWidget(block);
-    // At once, so that it can take the focus.
-    block->setVisible(true);
-    if (!blocks_.isEmpty())
-        TabOrder::append(blocks_.constLast()->lastField(), block);
-    // The buttons come after the blocks, although they are made before them.
-    setTabOrder(block->lastField(), add_);
-    setTabOrder(add_, remove_);
+    if (isAncestorOf(add_)) {
+        // The buttons come after the blocks, also after one that is made later.
+        QWidget* last = TabOrder::append(blocks_.constLast()->fields().constLast(), block->fields());
+        TabOrder::append(last, {add_, remove_});
+        // At once, so that it can take the focus.
+        block->setVisible(true);
+    }
     blocks_ += block;
 }
 

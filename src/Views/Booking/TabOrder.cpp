@@ -2,17 +2,20 @@
 
 #include <QWidget>
 
-QWidget* TabOrder::append(QWidget* before, const QWidget* container)
+/// Tab stops at a field that hands its focus on, but QWidget only moves one that has a policy of its own.
+static void makeMovable(QWidget* field)
 {
-    QList<QWidget*> controls;
-    for (QWidget* next = container->nextInFocusChain(); next != container; next = next->nextInFocusChain()) {
-        const bool takesTab = (next->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && !next->focusProxy();
-        if (takesTab && container->isAncestorOf(next))
-            controls += next;
-    }
-    for (QWidget* control : std::as_const(controls)) {
-        QWidget::setTabOrder(before, control);
-        before = control;
+    if (const QWidget* control = field->focusProxy())
+        field->setFocusPolicy(control->focusPolicy());
+}
+
+QWidget* TabOrder::append(QWidget* before, const QList<QWidget*>& fields)
+{
+    makeMovable(before);
+    for (QWidget* field : fields) {
+        makeMovable(field);
+        QWidget::setTabOrder(before, field);
+        before = field;
     }
     return before;
 }

@@ -1,12 +1,14 @@
 #pragma once
 
+#include <QList>
+
 class QWidget;
 
-/// The order in which Tab goes through controls that were made later than their neighbours.
+/// The order in which Tab goes through controls that were made later than those behind them.
 namespace TabOrder {
 
-/// Puts the controls inside a widget, in the order that they have among themselves, behind another control.
-/// \returns the last of them; the control before when there are none
-QWidget* append(QWidget* before, const QWidget* container);
+/// Puts controls, or fields that hold one and hand their focus on to it, behind another.
+/// \returns the last of them
+QWidget* append(QWidget* before, const QList<QWidget*>& fields);
 
 } // namespace TabOrder
