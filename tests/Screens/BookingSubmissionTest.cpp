@@ -310,6 +310,24 @@ TEST_F(BookingSubmissionTest, AFormResetMeanwhileStaysReset)
     answer(0, R"({"id": 7})");
     EXPECT_FALSE(success().has_value());
     EXPECT_EQ(model->details.value(), QString());
+    fillIn();
+    submit();
+    ASSERT_EQ(requestCount(), 2) << "the same request by a fresh form is another request";
+    EXPECT_EQ(line(1), u"POST /remote-notary/sessions"_s);
+}
+
+TEST_F(BookingSubmissionTest, AFreshFormsSubmissionIsNotEndedByAnEarlierOne)
+{
+    submit();
+    model->resetForm();
+    fillIn();
+    submit();
+    answer(0, R"({"id": 7})");
+    EXPECT_TRUE(model->isSubmitting.value());
+    EXPECT_FALSE(success().has_value());
+    answer(1, R"({"id": 8})");
+    EXPECT_FALSE(model->isSubmitting.value());
+    EXPECT_EQ(success(), created(u"8"_s));
 }
 
 TEST_F(BookingSubmissionTest, EndsItsWorkAlthoughTheScreenHasGone)

@@ -140,6 +140,23 @@ TEST_F(SessionsModelTest, ShowsTheLatestFirstAndKeepsTheOrderOfEqualTimes)
     EXPECT_EQ(model->rows().index(0).data(RowListModel::IdRole).toLongLong(), 4);
 }
 
+TEST_F(SessionsModelTest, KeepsTheOrderOfEqualTimesInALongList)
+{
+    // Every third session has the later of two times; within each time the ids rise.
+    QByteArray json = "[";
+    QList<qint64> later, earlier;
+    for (int id = 1; id <= 200; ++id) {
+        const bool isLater = id % 3 == 0;
+        (isLater ? later : earlier) += id;
+        json += id > 1 ? "," : "";
+        json += R"({"id": )" + QByteArray::number(id) + R"(, "scheduled_date": ")"
+            + (isLater ? "2025-06-02" : "2025-06-01") + R"("})";
+    }
+    load();
+    answer(0, json + "]");
+    EXPECT_EQ(loadedIds(), later + earlier);
+}
+
 TEST_F(SessionsModelTest, SelectsTheFirstOfTheList)
 {
     loadSessions({4, 2, 9});
@@ -319,6 +336,18 @@ TEST_F(SessionsModelTest, TheListOfTheRoleLeftBehindComesTooLate)
     answer(1, sessions({8}));
     answer(0, sessions({4}));
     EXPECT_EQ(loadedIds(), QList<qint64>{8});
+}
+
+TEST_F(SessionsModelTest, ASignOutIsNoChangeOfRole)
+{
+    auth.switchRole(AppRole::admin);
+    answer(0, sessions({4, 2}));
+    int changes = 0;
+    QObject::connect(model.get(), &SessionsModel::selectionChanged, model.get(), [&] { ++changes; });
+    auth.signOut();
+    EXPECT_EQ(auth.role(), AppRole::client);
+    EXPECT_EQ(changes, 0);
+    EXPECT_EQ(requestCount(), 1);
 }
 
 TEST_F(SessionsModelTest, ALateListAfterASignOutShowsNothing)
