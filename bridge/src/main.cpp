@@ -6,6 +6,7 @@
 #include <iostream>
 #include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 namespace {
 
@@ -27,7 +28,7 @@ void serve(bridge::Bridge& server)
     std::cout << "Listening on " << server.address() << std::endl;
     server.run();
     // Should it end by itself, there is nothing left to wait for.
-    pthread_kill(waiter.native_handle(), SIGTERM);
+    kill(getpid(), SIGTERM);
     waiter.join();
 }
 

@@ -41,7 +41,7 @@ protected:
 std::string everyByte()
 {
     std::string bytes;
-    for (int i = 0; i < 70'000; ++i)
+    for (unsigned i = 0; i < 70'000; ++i)
         bytes += static_cast<char>(i * i >> 3);
     return bytes + "\r\n--Boundary-6A1\r\n\r\n--";
 }

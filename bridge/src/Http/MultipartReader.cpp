@@ -7,7 +7,7 @@
 
 namespace bridge {
 
-static constexpr std::size_t largestHead = 16 * 1024;
+static constexpr std::size_t largestHead = 16 << 10;
 static constexpr std::size_t longestBoundary = 70;
 static constexpr std::string_view lineEnd = "\r\n";
 

@@ -9,7 +9,7 @@ namespace bridge {
 
 using namespace std::chrono;
 
-static constexpr std::size_t largestHead = 64 * 1024;
+static constexpr std::size_t largestHead = 64 << 10;
 static constexpr std::size_t mostHeadLines = 200;
 static constexpr seconds patienceForHandshake(5);
 static constexpr seconds patienceForHead(10);

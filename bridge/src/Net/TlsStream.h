@@ -54,7 +54,7 @@ private:
     const socket_t socket_;
     const int stop_;
     std::unique_ptr<SSL, decltype(&SSL_free)> ssl_;
-    std::array<char, 16 * 1024> buffer_;
+    std::array<char, 16 << 10> buffer_;
     std::size_t position_ = 0;
     std::size_t filled_ = 0;
     bool isSound_ = true;

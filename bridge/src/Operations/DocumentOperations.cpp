@@ -114,7 +114,7 @@ static void download(Service& service, Call& call)
         "Content-Disposition", "attachment; filename*=UTF-8''" + percentEncoded(found->originalName));
     response.set_content_provider(static_cast<std::size_t>(found->byteSize), safeMimeType(found->mimeType),
         [file](std::size_t offset, std::size_t length, httplib::DataSink& sink) {
-            std::array<char, 64 * 1024> buffer;
+            std::array<char, 64 << 10> buffer;
             const ssize_t count = ::pread(
                 file->number(), buffer.data(), std::min(length, buffer.size()), static_cast<off_t>(offset));
             return count > 0 && sink.write(buffer.data(), static_cast<std::size_t>(count));

@@ -98,7 +98,7 @@ static void remove(Service& service, Call& call)
 {
     const bool isWalkIn = namesWalkIn(call.json());
     const std::vector<Upload> documents = service.database.write([&](soci::session& sql) {
-        const std::vector<Upload> uploads = isWalkIn ? std::vector<Upload>() : listUploads(sql, call.id());
+        std::vector<Upload> uploads = isWalkIn ? std::vector<Upload>() : listUploads(sql, call.id());
         if (!(isWalkIn ? deleteWalkIn(sql, call.id()) : deleteSession(sql, call.id())))
             throw notFound();
         return uploads;

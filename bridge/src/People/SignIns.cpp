@@ -90,7 +90,7 @@ void SignIns::endAll(soci::session& sql, Id userId, Id kept) const
 Tokens SignIns::issue(soci::session& sql, Id signInId) const
 {
     const Moment now = clock_();
-    const Tokens tokens{randomText(tokenBytes), randomText(tokenBytes), lifetime_};
+    Tokens tokens{randomText(tokenBytes), randomText(tokenBytes), lifetime_};
     Query(sql, "delete from id_tokens where expires_at <= :now").bind("now", stamp(now)).run();
     Query(sql, "insert into id_tokens(hash, sign_in_id, expires_at) values(:hash, :sign_in, :expires)")
         .bind("hash", fingerprint(tokens.idToken))
