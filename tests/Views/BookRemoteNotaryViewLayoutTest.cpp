@@ -3,7 +3,7 @@
 #include "Components/Button.h"
 #include "Components/Card.h"
 #include "Components/PlainLabel.h"
-#include "PlainText.h"
+#include "Type.h"
 
 #include <QScrollArea>
 #include <QScrollBar>
@@ -16,6 +16,12 @@ namespace {
 class BookRemoteNotaryViewLayout : public BookRemoteNotaryViewTest
 {
 protected:
+    void TearDown() override
+    {
+        Type::followDesktop(13);
+        QApplication::setLayoutDirection(Qt::LeftToRight);
+    }
+
     QRect inPage(const QWidget* widget) const { return QRect(widget->mapTo(view, QPoint()), widget->size()); }
     QRect fee() const { return inPage(view->findChild<FeePanel*>()); }
     QRect section(const QString& name) const { return inPage(named(name)); }
@@ -74,6 +80,18 @@ TEST_P(BookRemoteNotaryViewSizes, NoColumnIsWiderThan720)
     checkAll<Card>([](const Card* card) { EXPECT_LE(card->width(), 720); });
 }
 
+TEST_P(BookRemoteNotaryViewSizes, NothingIsClippedAtTwiceTheTextSize)
+{
+    Type::followDesktop(26);
+    show(GetParam());
+    attach({u"deed.pdf"_s, QString(200, u'x') + u".pdf"_s});
+    model->actUnknown = true;
+    model->uploadProgressText = u"Uploading 1 of 2: "_s + QString(200, u'x');
+    settle();
+    expectNothingClipped();
+    EXPECT_EQ(view->findChild<QScrollArea*>()->horizontalScrollBar()->maximum(), 0);
+}
+
 INSTANTIATE_TEST_SUITE_P(Windows, BookRemoteNotaryViewSizes,
     testing::Values(QSize(760, 648), QSize(879, 700), QSize(881, 700), QSize(960, 728), QSize(1150, 700),
         QSize(1680, 1048)),
@@ -126,6 +144,26 @@ TEST_F(BookRemoteNotaryViewLayout, AWindowMayChangeItsSizeBackAndForth)
     settle();
     EXPECT_EQ(fee().size(), narrow.size());
     EXPECT_EQ(focused(), u"Number of Signatures"_s);
+}
+
+TEST_F(BookRemoteNotaryViewLayout, FromRightToLeftItIsTheMirrorImage)
+{
+    show({961, 729});
+    const QRect rail = fee();
+    const QRect column = section(u"Contact Information"_s);
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    show({961, 729});
+    EXPECT_EQ(fee(), QStyle::visualRect(Qt::RightToLeft, view->rect(), rail));
+    EXPECT_EQ(section(u"Contact Information"_s), QStyle::visualRect(Qt::RightToLeft, view->rect(), column));
+}
+
+TEST_F(BookRemoteNotaryViewLayout, TheFeeDoesNotGrowWithTheNumberOfSignatures)
+{
+    show();
+    const QSize few = fee().size();
+    model->actCount = 25;
+    settle();
+    EXPECT_EQ(fee().size(), few);
 }
 
 TEST_F(BookRemoteNotaryViewLayout, TheSuccessCardWrapsALongMessage)

@@ -1,5 +1,8 @@
 #include "BookRemoteNotaryViewTest.h"
 
+#include "Screens/LocalZone.h"
+#include "Type.h"
+
 #include <QDir>
 
 using namespace Qt::StringLiterals;
@@ -16,6 +19,11 @@ protected:
             GTEST_SKIP() << "QUORVEL_PICTURES names no folder";
         isDark = GetParam();
         style()->setDark(isDark);
+    }
+    void TearDown() override
+    {
+        Type::followDesktop(13);
+        QApplication::setLayoutDirection(Qt::LeftToRight);
     }
     void save(const QString& name, QSize size)
     {
@@ -78,6 +86,28 @@ TEST_P(BookRemoteNotaryViewPictures, FormAtEverySize)
     save(u"1920x1080"_s, {1680, 1048});
     save(u"full"_s, {960, 2961});
     save(u"full-980"_s, {760, 2961});
+}
+
+TEST_P(BookRemoteNotaryViewPictures, LargeText)
+{
+    Type::followDesktop(26);
+    save(u"large-980x680"_s, {760, 648});
+    save(u"large-full-980"_s, {760, 5000});
+    save(u"large-1180x760"_s, {960, 728});
+    save(u"large-1920x1080"_s, {1680, 1048});
+}
+
+TEST_P(BookRemoteNotaryViewPictures, RightToLeft)
+{
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    save(u"mirrored-full"_s, {960, 2961});
+}
+
+TEST_P(BookRemoteNotaryViewPictures, UnknownCountInAnotherZone)
+{
+    const LocalZone zone("Asia/Tokyo");
+    model->actUnknown = true;
+    save(u"tokyo-1180x760"_s, {960, 1200});
 }
 
 TEST_P(BookRemoteNotaryViewPictures, Success)

@@ -58,6 +58,8 @@ BookRemoteNotaryView::~BookRemoteNotaryView()
 {
     // What shows the model goes before it: this view may be the last to hold it.
     delete page_;
+    // Nobody tells when a drag ends over an area that is gone.
+    model_->isDropTarget = false;
 }
 
 void BookRemoteNotaryView::showFormOrSuccess()

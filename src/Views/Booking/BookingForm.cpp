@@ -76,13 +76,17 @@ void BookingForm::addSubmission()
 void BookingForm::arrange(int pageWidth)
 {
     const bool compact = pageWidth < Spacing::compactBelow;
-    rail_ = compact ? 0 : pageWidth > wideRailAbove ? wideRail : narrowRail;
     for (Surface* section : std::as_const(sections_))
         section->setPadding(compact ? Spacing::cardCompact : Spacing::card);
     column_->setSpacing(compact ? Spacing::betweenCardsCompact : Spacing::betweenCards);
-    column_->setContentsMargins(0, 0, compact ? 0 : rail_ + Spacing::betweenCards, 0);
-    fee_->setAcross(compact);
-    if (!compact)
+
+    // Large text needs the rail's room for itself.
+    const bool hasRail = pageWidth >= Type::scaled(Spacing::compactBelow);
+    rail_ = !hasRail ? 0 : pageWidth > wideRailAbove ? wideRail : narrowRail;
+    const int beside = hasRail ? rail_ + Spacing::betweenCards : 0;
+    column_->setContentsMargins(isRightToLeft() ? beside : 0, 0, isRightToLeft() ? 0 : beside, 0);
+    fee_->setAcross(!hasRail);
+    if (hasRail)
         column_->removeWidget(fee_);
     else if (column_->indexOf(fee_) < 0)
         column_->insertWidget(placeOfFee_, fee_);

@@ -65,7 +65,8 @@ QWidget* FeePanel::makeCount(BookRemoteNotaryModel& model)
     follow(label, model.actUnknown, [showCount](bool) { showCount(); });
     follow(count, model.actUnknown, [count](bool isUnknown) { count->setEnabled(!isUnknown); });
 
-    auto* stepping = Layouts::row(8);
+    // So little that two digits fit beside the stepper in the narrow rail.
+    auto* stepping = Layouts::row(4);
     stepping->addWidget(label, 1, Qt::AlignVCenter);
     stepping->addWidget(count);
     auto* rows = Layouts::column(betweenRows);

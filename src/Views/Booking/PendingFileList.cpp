@@ -1,5 +1,6 @@
 #include "Booking/PendingFileList.h"
 
+#include "Accessibility.h"
 #include "Booking/TabOrder.h"
 #include "Components/IconButton.h"
 #include "Components/LineInput.h"
@@ -152,6 +153,8 @@ PendingFileRow* PendingFileList::makeRow(const DesktopUploadDraft& draft)
     texts.type = draft.category;
     texts.remove = u"Remove "_s + draft.fileName();
     auto* row = new PendingFileRow(DesktopFileHelpers::icon(draft.url), texts, categories, this);
+    Accessibility::setRole(row, QAccessible::Grouping);
+    row->setAccessibleName(draft.fileName());
 
     const QUuid id = draft.id;
     connect(row, &PendingFileRow::labelChanged, this, [this, id](const QString& label) {
