@@ -69,7 +69,7 @@ void ComboBox::setPrompt(const QString& prompt)
 void ComboBox::setPreferredWidth(int width)
 {
     preferredWidth_ = width;
-    updateGeometry();
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
 void ComboBox::setCompact(bool compact)
