@@ -33,7 +33,7 @@ class Bridge:
     def __init__(self, build, data, desktop):
         self.data = data
         self._start(build, desktop, _port_of(build))
-        self._database = f"file:{self._database_file()}?mode=ro"
+        self._database = f"file:{data / 'bridge.sqlite'}?mode=ro"
 
     @property
     def authority(self):
@@ -59,10 +59,7 @@ class Bridge:
         """In the order in which they arrived. The hash is of the bytes on disk, not the one that was noted."""
         rows = self._rows("select * from uploads where session_id = ? order by id", session_id)
         return [StoredUpload(row["original_filename"], row["label"], row["category"], row["mime_type"],
-                             sha256(self._upload_file(row["path"]))) for row in rows]
-
-    def _upload_file(self, path):
-        return next(file for file in (self.data / path, self.data / "uploads" / path) if file.is_file())
+                             sha256(self.data / "uploads" / row["path"])) for row in rows]
 
     def _rows(self, query, *values):
         connection = sqlite3.connect(self._database, uri=True)
@@ -71,9 +68,6 @@ class Bridge:
             return [dict(row) for row in connection.execute(query, values)]
         finally:
             connection.close()
-
-    def _database_file(self):
-        return next(file for file in self.data.iterdir() if file.read_bytes()[:15] == b"SQLite format 3")
 
     def _start(self, build, desktop, port):
         _expect_free(port)

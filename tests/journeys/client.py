@@ -1,14 +1,11 @@
 """The real client, started on the journey's desktop against the journey's bridge."""
 
-import signal
 import stat
 
 import hands
 from person import Person
 from screen import Screen
 from waiting import wait_for
-
-FIRST_SIZE = (1180, 760)
 
 
 class Client:
@@ -41,15 +38,6 @@ class Client:
 
     def is_running(self):
         return self.process.poll() is None
-
-    def start_again(self):
-        """Starts the program a second time, as a click on its launcher does, and returns that process."""
-        return self._run()
-
-    def stop(self):
-        """Returns the exit code."""
-        self.process.send_signal(signal.SIGTERM)
-        return self.process.wait(timeout=30)
 
     def preferences(self):
         """The text of the one file that the client keeps."""

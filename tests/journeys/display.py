@@ -121,7 +121,8 @@ class Desktop:
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
 
     def _start_window_manager(self):
-        self.processes.start(["openbox", "--sm-disable"], self.environment, stderr=subprocess.DEVNULL)
+        self.processes.start(["openbox", "--sm-disable"], self.environment,
+                             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         wait_for(self._is_managed, "a window manager")
 
     def _is_managed(self):

@@ -1,5 +1,9 @@
 """Somebody who uses the client: finds controls with the eyes of a screen reader, works them with mouse and keys."""
 
+from itertools import islice
+
+from gi.repository import GLib
+
 import hands
 from screen import Node, Screen
 from waiting import wait_for
@@ -49,14 +53,23 @@ class Person:
     def fill_password(self, name, text):
         self.fill(name, text, role="password text")
 
-    def choose(self, picker, option, within=None):
-        """Picks an entry from a combo box's list with the mouse."""
-        self.choose_from(self.screen.wait("combo box", picker, within), option)
-
-    def choose_from(self, box: Node, option):
+    def choose(self, picker, option, within=None, place=0):
+        """Picks an entry from a combo box's list with the mouse. `place` counts the pickers of one name. What is
+        picked may put another picker in the place of this one."""
+        box = wait_for(lambda: self._picker(picker, within, place), f'the picker "{picker}"')
         self.click_on(box)
         self.click("list item", option, within=box)
-        wait_for(lambda: box.text == option, f'"{option}" to be picked')
+        wait_for(lambda: self._shows(picker, within, place, option), f'"{picker}" to show "{option}"')
+
+    def _picker(self, name, within, place):
+        return next(islice(self.screen.find_all("combo box", name, within), place, None), None)
+
+    def _shows(self, picker, within, place, option):
+        try:
+            box = self._picker(picker, within, place)
+            return box and box.text == option
+        except GLib.Error:
+            return False
 
     def turn(self, switch, on, within=None):
         box = self.screen.wait("check box", switch, within)

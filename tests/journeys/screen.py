@@ -13,7 +13,6 @@ from waiting import wait_for  # noqa: E402
 MOST_CHILDREN = 300
 # What lies inside one of these is not clipped by what lies around it. A picker's list opens over the picker.
 IN_ITS_OWN_WINDOW = {"application", "frame", "dialog", "alert", "combo box"}
-LABELLED_BY = Atspi.RelationType.LABELLED_BY
 
 
 class Rect(NamedTuple):
@@ -56,19 +55,10 @@ class Node:
         return self._accessible.get_description()
 
     @property
-    def caption(self):
-        """The name of the label that belongs to the control. Toolkits name a picker by what is picked and leave
-        its caption to its label."""
-        for relation in self._accessible.get_relation_set():
-            if relation.get_relation_type() == LABELLED_BY and relation.get_n_targets():
-                return relation.get_target(0).get_name()
-        return ""
-
-    @property
     def text(self):
         """What is written in a field, or shown by a picker."""
-        if "Text" not in self._accessible.get_interfaces():
-            return self.name
+        if self.role == "combo box":
+            return self.description
         return Atspi.Text.get_text(self._accessible, 0, -1)
 
     @property
@@ -130,7 +120,7 @@ class Screen:
         return self._application.children
 
     def find(self, role, name, within=None):
-        """The first control that is shown with this role and name (or caption), or None."""
+        """The first control that is shown with this role and name, or None."""
         return next(iter(self.find_all(role, name, within)), None)
 
     def find_all(self, role, name=None, within=None):
@@ -138,7 +128,7 @@ class Screen:
         root = within or self._application
         try:
             for node in root.descendants():
-                if node.role == role and _is_called(node, name) and node.is_showing:
+                if node.role == role and name in (None, node.name) and node.is_showing:
                     yield node
         except GLib.Error:
             # A screen was replaced while it was read; whoever waits reads again.
@@ -154,8 +144,8 @@ class Screen:
         """Whether any control says the text, as its name, its description or the text in it."""
         root = within or self._application
         try:
-            return any(text in (node.name or "") or text in (node.description or "")
-                       for node in root.descendants() if node.is_showing)
+            return any((text in node.name or text in node.description) and node.is_showing
+                       for node in root.descendants())
         except GLib.Error:
             return False
 
@@ -175,10 +165,6 @@ def _application(process_id):
             application.set_cache_mask(Atspi.Cache.NONE)
             return Node(application)
     return None
-
-
-def _is_called(node, name):
-    return name is None or node.name == name or (node.role == "combo box" and node.caption == name)
 
 
 def _lines(node, depth):

@@ -37,7 +37,7 @@ class Journey:
             chapter(self.stage)
 
     def _chapters(self):
-        files = booking.make_files(self._desktop.folder / "to be notarized")
+        files = booking.make_files(self._desktop.home)
         return [
             ("the first start", signing_in.first_start),
             ("the sign-in gate", signing_in.gate),
@@ -71,7 +71,7 @@ class Journey:
         ]
 
     def _restart(self, stage):
-        leaving.stop(stage)
+        leaving.quit_from_tray(stage)
         scheme = stage.scheme
         self.stage = Stage(Client(self._build, self._desktop, stage.bridge), stage.bridge, self._album, stage.tray)
         self.stage.scheme = scheme

@@ -67,9 +67,10 @@ class Tray:
 
 
 class Watcher:
-    """Remembers the items that programs announce."""
+    """Remembers the items that programs announce, for as long as these run."""
 
     def __init__(self, bus):
+        self._bus = bus
         self._items = []
         interface = Gio.DBusNodeInfo.new_for_xml(INTERFACE).interfaces[0]
         bus.register_object("/StatusNotifierWatcher", interface, self._called, self._asked, None)
@@ -77,8 +78,13 @@ class Watcher:
     def _called(self, _bus, sender, _path, _interface, method, arguments, invocation):
         if method == "RegisterStatusNotifierItem":
             announced = arguments.unpack()[0]
-            self._items.append(sender if announced.startswith("/") else announced)
+            self._add(sender if announced.startswith("/") else announced)
         invocation.return_value(None)
+
+    def _add(self, item):
+        self._items.append(item)
+        Gio.bus_watch_name_on_connection(self._bus, item, Gio.BusNameWatcherFlags.NONE, None,
+                                         lambda _bus, gone: self._items.remove(gone))
 
     def _asked(self, _bus, _sender, _path, _interface, name):
         return {"RegisteredStatusNotifierItems": GLib.Variant("as", self._items),

@@ -34,6 +34,7 @@ FORM = BookingForm(
 )
 
 LABEL = "Document label, e.g. Passport, Power of Attorney, Closing Package"
+FILE_NAMES = ["Zoë's \"power-of_attorney\" 😀.pdf", "big_scan.tiff"]
 BIG_FILE_BYTES = 50 * 1000 * 1000
 
 
@@ -85,12 +86,10 @@ def come_back(stage):
     screen.wait_reads(fee(FORM))
 
 
-def make_files(folder: Path):
+def make_files(home: Path):
     """A small file with a name that is hard on every part of an upload, and a large one."""
-    folder.mkdir()
-    awkward = folder / "Zoë's \"power-of_attorney\" 😀.pdf"
+    awkward, big = (home / name for name in FILE_NAMES)
     awkward.write_bytes(b"%PDF-1.7\n" + bytes(range(256)) * 8)
-    big = folder / "big_scan.tiff"
     big.write_bytes(os.urandom(BIG_FILE_BYTES))
     return [awkward, big]
 
@@ -108,7 +107,7 @@ def attach(stage, files):
     hands.press("ctrl+a")
     hands.write("Survey of the site")
     wait_for(lambda: labels[1].text == "Survey of the site", "the label to change")
-    stage.person.choose_from(list(stage.screen.find_all("combo box", "Type"))[1], "Apostille Document")
+    stage.person.choose("Type", "Apostille Document", place=1)
     stage.person.reveal(stage.screen.wait("push button", "Submit Remote Notary Request"))
     stage.picture("booking-files")
 
@@ -173,12 +172,8 @@ def _fill_signer(stage, title, signer):
     hands.press("Tab")
     expiration = wait_for(lambda: _focused(stage, "ID Expiration", block), "the expiration to have the focus")
     # The year first: a leap day exists only in some.
-    hands.press("ctrl+Right", "ctrl+Right")
-    hands.write(f"{signer.id_expiration:%Y}")
-    hands.press("shift+Tab", "Tab")
-    hands.write(f"{signer.id_expiration:%b%d}")
+    _write_parts(year_and_more=f"{signer.id_expiration:%Y}", parts_written=1, day=f"{signer.id_expiration:%b%d}")
     shown = f"{signer.id_expiration:%b} {signer.id_expiration.day}, {signer.id_expiration.year}"
-    hands.press("Tab")
     wait_for(lambda: expiration.text == shown, f"the expiration to be {shown}")
 
 
@@ -190,15 +185,19 @@ def _set_moment(stage, moment):
     hands.press("Tab")
     picker = wait_for(lambda: _focused(stage, "Preferred Date & Time"), "the picker to have the focus")
     # The year first, so that every month and day lies in the future.
-    hands.press("ctrl+Right", "ctrl+Right")
-    hands.write(f"{moment:%Y%I%M%p}")
-    hands.press("shift+Tab", "Tab")
-    hands.write(f"{moment:%b%d}")
-    hands.press("Tab")
+    _write_parts(year_and_more=f"{moment:%Y%I%M%p}", parts_written=4, day=f"{moment:%b%d}")
     shown = f"{moment:%b} {moment.day}, {moment.year}, {moment:%-I:%M %p}"
     wait_for(lambda: picker.text == shown, f"the picker to show {shown}")
     there = moment.astimezone(NEW_YORK)
     stage.screen.wait_reads(f"{there:%a, %b} {there.day}, {there:%-I:%M %p} {there:%Z} in New York")
+
+
+def _write_parts(year_and_more, parts_written, day):
+    """Into a date picker that has the focus, on the first of its parts: month, day, year and so on."""
+    hands.press("ctrl+Right", "ctrl+Right")
+    hands.write(year_and_more)
+    hands.press(*["ctrl+Left"] * (parts_written + 1))
+    hands.write(day)
 
 
 def _focused(stage, name, within=None):
@@ -216,13 +215,17 @@ def _step_up(stage):
 
 
 def _choose(stage, files):
-    """Goes to the folder by its path and picks the files with the mouse: a name with quotes cannot be typed
-    there."""
+    """Picks files from the home folder, where the chooser begins. A name with quotes cannot be typed there."""
     stage.person.press_button("Choose Files")
     chooser = stage.screen.wait("dialog", "Choose Files")
-    stage.person.fill("File name:", str(files[0].parent), chooser)
-    hands.press("Return")
+    wait_for(lambda: _is_listed(stage, chooser), "the chooser to list and sort the folder")
     for number, file in enumerate(files):
-        stage.person.click("table cell", file.name, chooser, holding="ctrl" if number else None)
+        row = stage.person.click("table cell", file.name, chooser, holding="ctrl" if number else None)
+        wait_for(lambda: "selected" in row.states, f"{file.name} to be selected")  # noqa: B023
     stage.person.press_button("Open", chooser)
     stage.screen.wait_gone("dialog", "Choose Files")
+
+
+def _is_listed(stage, chooser):
+    cells = stage.screen.find_all("table cell", within=chooser)
+    return [cell.name for cell in cells if cell.name in FILE_NAMES] == sorted(FILE_NAMES, key=str.casefold)

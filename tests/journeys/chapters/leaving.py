@@ -1,12 +1,13 @@
 """Closing the window, and the ways back to it and out."""
 
 import hands
+from chapters.booking import FILE_NAMES
 from chapters.signing_in import expect_remembered
 from expectations import expect, expect_equal
 from stage import DEMO_ADMIN
 
 # Besides caches, which the libraries that draw fill.
-TIDY_HOME = [".config/Quorvel/Quorvel.conf"]
+TIDY_HOME = {".config/Quorvel/Quorvel.conf", *FILE_NAMES}
 
 
 def close_and_come_back(stage):
@@ -18,10 +19,6 @@ def close_and_come_back(stage):
     stage.tray.choose("Sessions")
     expect_equal(stage.client.wait_for_window().name, "Sessions", "the section opened from the tray")
     stage.wait_until_loaded()
-
-
-def stop(stage):
-    expect_equal(stage.client.stop(), 0, "the exit code of a client that is asked to stop")
 
 
 def expect_still_signed_in(stage):
@@ -38,5 +35,5 @@ def quit_from_tray(stage):
 
 def expect_tidy_home(stage):
     """The client keeps its preferences and nothing else, the file chooser's memory included."""
-    kept = [file for file in stage.client.files_at_home() if not file.startswith(".cache/")]
+    kept = {file for file in stage.client.files_at_home() if not file.startswith(".cache/")}
     expect_equal(kept, TIDY_HOME, "the files in the home folder")

@@ -15,11 +15,11 @@ def find_booked(stage, form):
     owned = stage.bridge.visible_sessions(DEMO_CLIENT)
     stage.open("Sessions")
     wait_for(lambda: len(rows(stage)) == len(owned), f"{len(owned)} sessions in the list")
-    place = latest_first(owned).index(booked)
+    place = [session["id"] for session in latest_first(owned)].index(booked["id"])
     row = rows(stage)[place]
     expect(row.name.startswith(title), f'Row {place} is "{row.name}", not that of {title}.')
     for text in (display_date_time(booked), "Requested", booked["document_type"]):
-        expect(text in row.name, f'The row "{row.name}" does not say "{text}".')
+        expect(text.lower() in row.name.lower(), f'The row "{row.name}" does not say "{text}".')
     stage.person.click_on(row)
     stage.screen.wait_reads(booked["reference_id"])
     stage.picture("sessions-client")
