@@ -25,6 +25,8 @@ RowListView::RowListView(const QString& name, RowListModel& rows, QWidget* paren
     : RowList(name, listRow, shape(), parent), rows_(rows)
 {
     setModel(&rows_);
+    // The selection forgets everything at a reset, and hears of it later than the view itself.
+    connect(&rows_, &QAbstractItemModel::modelReset, this, &RowListView::restore);
 }
 
 void RowListView::setSelectedId(std::optional<qint64> id)
@@ -50,12 +52,16 @@ void RowListView::currentChanged(const QModelIndex& current, const QModelIndex& 
         emit chosen(current.data(RowListModel::IdRole).toLongLong());
 }
 
-/// Other rows in the same list: the place in it and the selected row stay.
 void RowListView::reset()
 {
     const QScopedValueRollback<bool> showing(showing_, true);
-    const int place = verticalScrollBar()->value();
+    placeBeforeReset_ = verticalScrollBar()->value();
     RowList::reset();
+}
+
+/// Other rows in the same list: the place in it and the selected row stay.
+void RowListView::restore()
+{
     showSelection();
-    verticalScrollBar()->setValue(place);
+    verticalScrollBar()->setValue(placeBeforeReset_);
 }

@@ -27,8 +27,10 @@ protected:
 
 private:
     void showSelection();
+    void restore();
 
     RowListModel& rows_;
     std::optional<qint64> selectedId_;
     bool showing_ = false;
+    int placeBeforeReset_ = 0;
 };
