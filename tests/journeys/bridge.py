@@ -3,6 +3,7 @@
 import hashlib
 import json
 import re
+import signal
 import socket
 import sqlite3
 import subprocess
@@ -32,13 +33,37 @@ class Bridge:
 
     def __init__(self, build, data, desktop):
         self.data = data
-        self._start(build, desktop, _port_of(build))
+        self._desktop = desktop
+        self._program = build / "bin" / "quorvel-bridge"
+        self._port = _port_of(build)
+        data.mkdir()
+        _expect_free(self._port)
+        self.start()
         self._database = f"file:{data / 'bridge.sqlite'}?mode=ro"
 
     @property
     def authority(self):
         """The certificate that makes the bridge trusted."""
         return self.data / "tls" / "ca.pem"
+
+    def start(self):
+        """Also again after `kill`, with what it has stored."""
+        self._process = self._desktop.processes.start(
+            [self._program, "--data", self.data, "--listen", f"{HOST}:{self._port}", "--demo"],
+            self._desktop.environment, stdout=subprocess.PIPE, text=True)
+        for line in self._process.stdout:
+            if line.startswith("Listening on "):
+                return
+        raise NoWayToBridge("The local bridge did not start.")
+
+    def freeze(self):
+        """From now on it neither answers nor hangs up."""
+        self._process.send_signal(signal.SIGSTOP)
+
+    def kill(self):
+        """As a power cut would: it has no time to finish anything."""
+        self._process.kill()
+        self._process.wait()
 
     def session_count(self):
         return self._rows("select count(*) as n from sessions")[0]["n"]
@@ -55,6 +80,10 @@ class Bridge:
     def sessions(self):
         return self._rows("select * from sessions")
 
+    def user(self, email):
+        """The row of an account, or None."""
+        return next(iter(self._rows("select * from users where email = ?", email)), None)
+
     def uploads(self, session_id):
         """In the order in which they arrived. The hash is of the bytes on disk, not the one that was noted."""
         rows = self._rows("select * from uploads where session_id = ? order by id", session_id)
@@ -68,17 +97,6 @@ class Bridge:
             return [dict(row) for row in connection.execute(query, values)]
         finally:
             connection.close()
-
-    def _start(self, build, desktop, port):
-        _expect_free(port)
-        self.data.mkdir()
-        process = desktop.processes.start(
-            [build / "bin" / "quorvel-bridge", "--data", self.data, "--listen", f"{HOST}:{port}", "--demo"],
-            desktop.environment, stdout=subprocess.PIPE, text=True)
-        for line in process.stdout:
-            if line.startswith("Listening on "):
-                return
-        raise NoWayToBridge("The local bridge did not start.")
 
 
 def sha256(file: Path):

@@ -13,21 +13,29 @@ from waiting import wait_for
 
 # Larger than the largest window of the journey, so that the window manager never has to move or shrink one.
 SCREEN = "2000x1200x24"
-ADOPT_ORPHANS = 36  # PR_SET_CHILD_SUBREAPER
+# Requests to the kernel, from <sys/prctl.h>.
+SET_PARENT_DEATH_SIGNAL = 1
+SET_CHILD_SUBREAPER = 36
 
 
 class Processes:
     """Programs started for the journey. `end()` ends them and everything that they started, newest first."""
 
     def __init__(self):
+        self._prctl = ctypes.CDLL(None, use_errno=True).prctl
         # What a bus activates outlives its parent; as the nearest subreaper this process inherits it.
-        ctypes.CDLL(None, use_errno=True).prctl(ADOPT_ORPHANS, 1, 0, 0, 0)
+        self._prctl(SET_CHILD_SUBREAPER, 1, 0, 0, 0)
         self._started = []
 
     def start(self, arguments, environment, **options):
-        process = subprocess.Popen(arguments, env=environment, start_new_session=True, **options)
+        """A program that also ends when this process is killed. Ctrl+C does not reach it."""
+        process = subprocess.Popen(arguments, env=environment, start_new_session=True,
+                                   preexec_fn=self._die_with_parent, **options)
         self._started.append(process)
         return process
+
+    def _die_with_parent(self):
+        self._prctl(SET_PARENT_DEATH_SIGNAL, signal.SIGTERM, 0, 0, 0)
 
     def end(self):
         for process in reversed(self._started):

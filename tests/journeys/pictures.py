@@ -15,6 +15,8 @@ class Album:
     def __init__(self, folder):
         self.folder = folder
         folder.mkdir(parents=True, exist_ok=True)
+        for stale in folder.glob("failure.*"):
+            stale.unlink()
 
     def take(self, name, rect):
         """A picture of a part of the display, once nothing moves in it any more."""
@@ -27,9 +29,13 @@ class Album:
         wait_for(is_still, f"the screen to come to rest for the picture {name}")
         self._save(name, last[0])
 
-    def take_at_once(self, name, rect=None):
-        """A picture of something that moves, or of the whole display."""
-        return self._save(name, _pixels(rect))
+    def take_at_once(self, name, rect):
+        """A picture of something that moves."""
+        self._save(name, _pixels(rect))
+
+    def take_failure(self):
+        """A picture of the whole display as it is. Returns where it lies."""
+        return self._save("failure", _pixels(None))
 
     def _save(self, name, pixels):
         path = self.folder / f"{name}.png"

@@ -14,6 +14,9 @@ MOST_CHILDREN = 300
 # What lies inside one of these is not clipped by what lies around it. A picker's list opens over the picker.
 IN_ITS_OWN_WINDOW = {"application", "frame", "dialog", "alert", "combo box"}
 
+CONTROLS = ("push button", "radio button", "check box", "text", "password text", "combo box", "spin button",
+            "list item", "menu item", "slider", "table", "list")
+
 
 class Rect(NamedTuple):
     """In pixels of the display."""
@@ -133,6 +136,10 @@ class Screen:
         except GLib.Error:
             # A screen was replaced while it was read; whoever waits reads again.
             return
+
+    def controls(self):
+        """Everything shown that somebody can work."""
+        return [node for role in CONTROLS for node in self.find_all(role)]
 
     def wait(self, role, name, within=None):
         return wait_for(lambda: self.find(role, name, within), f'the {role} "{name}"')

@@ -31,6 +31,13 @@ class Stage:
         wait_for(lambda: "selected" in entry.states, f'"{section}" to be selected in the sidebar')
         wait_for(lambda: self.client.wait_for_window().name == section, f'a window titled "{section}"')
         self.wait_until_loaded()
+        self.expect_names()
+
+    def expect_names(self):
+        """Whoever cannot see the screen is told what each control is."""
+        nameless = [node.role for node in self.screen.controls() if not node.name]
+        if nameless:
+            raise AssertionError(f"Controls without a name: {nameless}")
 
     def wait_until_loaded(self):
         wait_for(lambda: not self.screen.reads("Loading"), "the screen to load")
@@ -40,6 +47,13 @@ class Stage:
         self.person.fill("Email", email)
         self.person.fill_password("Password", password)
         self.person.press_button("Sign In")
+
+    def sign_in_by_keys(self, email, password):
+        """The same from the e-mail field on, without the mouse."""
+        self.person.fill("Email", email)
+        hands.press("Tab")
+        hands.write(password)
+        hands.press("Return")
 
     def at_size(self, width, height, chapter):
         """Runs `chapter(suffix)` with the window at another size than its first."""

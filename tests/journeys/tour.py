@@ -47,6 +47,8 @@ class Journey:
             ("a booking is filled in", booking.fill),
             ("and found again after a look elsewhere", booking.come_back),
             ("files are attached", lambda stage: booking.attach(stage, files)),
+            ("the bridge is away", booking.without_bridge),
+            ("the bridge dies during the upload", booking.interrupted),
             ("the booking is submitted", lambda stage: booking.submit(stage, files)),
             ("the new session in the list", booking.see_sessions),
             ("search and filter", lambda stage: session_list.find_booked(stage, booking.FORM)),
@@ -66,6 +68,7 @@ class Journey:
             ("window sizes, light", looks.sizes),
             ("closing the window", leaving.close_and_come_back),
             ("signing out again", staff.sign_out),
+            ("a new account", signing_in.new_account),
             ("quitting", leaving.quit_from_tray),
             ("nothing else was written", leaving.expect_tidy_home),
         ]
@@ -79,7 +82,7 @@ class Journey:
 
     def show_failure(self):
         """What the screen showed, as a picture and as a screen reader would read it."""
-        print(f"The screen when it failed: {self._album.take_at_once('failure')}", file=sys.stderr)
+        print(f"The screen when it failed: {self._album.take_failure()}", file=sys.stderr)
         if self.stage and self.stage.client.is_running():
             tree = self._album.folder / "failure.txt"
             tree.write_text(self.stage.screen.dump(), encoding="utf-8")

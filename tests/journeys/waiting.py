@@ -11,11 +11,11 @@ class NeverHappened(AssertionError):
     """What was waited for did not happen."""
 
 
-def wait_for(condition, what, deadline=DEADLINE_SECONDS):
+def wait_for(condition, what, interval=INTERVAL_SECONDS):
     """Polls until `condition()` is truthy and returns its value; raises NeverHappened, naming `what`."""
-    latest = time.monotonic() + deadline
+    latest = time.monotonic() + DEADLINE_SECONDS
     while not (value := condition()):
         if time.monotonic() > latest:
-            raise NeverHappened(f"Waited {deadline} s in vain for {what}.")
-        time.sleep(INTERVAL_SECONDS)
+            raise NeverHappened(f"Waited {DEADLINE_SECONDS} s in vain for {what}.")
+        time.sleep(interval)
     return value

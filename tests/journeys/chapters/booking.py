@@ -112,19 +112,40 @@ def attach(stage, files):
     stage.picture("booking-files")
 
 
-def submit(stage, files):
-    """The request and the files arrive as they were entered, byte for byte."""
+def without_bridge(stage):
+    """Nobody answers: one sentence says so, and the form stays as it was."""
+    stage.bridge.kill()
+    _submit(stage)
+    _read_failure(stage)
+    stage.bridge.start()
+
+
+def interrupted(stage):
+    """The bridge dies while the second file is on its way. The session is booked by then, the first file in it."""
     before = stage.bridge.session_count()
     _submit(stage)
-    wait_for(lambda: stage.screen.reads("Uploading 2 of 2: big_scan.tiff") or _is_done(stage),
-             "the second upload to begin")
+    wait_for(lambda: stage.bridge.uploads(stage.bridge.newest_session()["id"]), "the first file to arrive", interval=0)
+    stage.bridge.freeze()
+    stage.screen.wait_reads(f"Uploading 2 of 2: {FILE_NAMES[1]}")
+    stage.person.reveal(stage.screen.wait("push button", "Submit Remote Notary Request"))
     stage.album.take_at_once(f"booking-uploading-{stage.scheme}", stage.client.window)
+    stage.bridge.kill()
+    _read_failure(stage)
+    stage.bridge.start()
+    expect_equal(stage.bridge.session_count(), before + 1, "the number of sessions after the interruption")
+
+
+def submit(stage, files):
+    """Pressed again, it books no second session but sends what is missing. All arrived as it was entered, byte for
+    byte."""
+    before = stage.bridge.session_count()
+    _submit(stage)
     wait_for(lambda: _is_done(stage), "the request to be submitted")
     session = stage.bridge.newest_session()
     stage.screen.wait_reads(f"Remote notary request {session['reference_id']} was created. Our team will review and "
                             "confirm the session. 2 files uploaded into the session.")
     stage.picture("booking-success")
-    expect_equal(stage.bridge.session_count(), before + 1, "the number of sessions")
+    expect_equal(stage.bridge.session_count(), before, "the number of sessions")
     expect_equal(session["request"], booking_request(FORM), "the stored request")
     expect_equal(stage.bridge.uploads(session["id"]), _expected_uploads(files), "the stored files")
 
@@ -149,6 +170,14 @@ def _expected_uploads(files):
 
 def _submit(stage):
     stage.person.press_button("Submit Remote Notary Request")
+
+
+def _read_failure(stage):
+    stage.person.read_alert("Booking Failed",
+                            "Connection problem. Please check your internet connection and try again.")
+    expect_equal(stage.screen.wait("text", "What needs to be notarized?").text, FORM.details,
+                 "the details after the failure")
+    expect_equal(len(_labels(stage)), len(FILE_NAMES), "the number of files after the failure")
 
 
 def _is_done(stage):

@@ -43,6 +43,8 @@ def _search(stage, booked, title, owned):
     stage.picture("sessions-empty")
     stage.person.fill(SEARCH, "")
     wait_for(lambda: len(rows(stage)) == len(owned), "all sessions to come back")
+    selected = [row.name for row in rows(stage) if "selected" in row.states]
+    expect(len(selected) == 1 and selected[0].startswith(title), f"The search changed the selection to {selected}.")
 
 
 def _filter(stage, booked, title, owned):

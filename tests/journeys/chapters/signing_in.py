@@ -6,6 +6,9 @@ from stage import DEMO_CLIENT
 from waiting import wait_for
 
 WRONG_PASSWORD = "not-the-password"
+NEW_PASSWORD = " Pässword "
+NEW_ACCOUNT = {"Full Name": "Zoë Älder ", "Phone": "(555) 010-0190", "City": " Springfield", "State": "",
+               "Email": "zoe.alder@example.org"}
 SIGNED_OUT_SIDEBAR = ["Dashboard", "Book Remote Notary", "Sessions", "Settings"]
 
 
@@ -55,6 +58,24 @@ def client_signs_in(stage):
     expect_remembered(stage, DEMO_CLIENT)
 
 
+def new_account(stage):
+    """Registered on the sign-in screen, and signed in at once."""
+    stage.open("Sessions")
+    stage.person.pick_radio("Create Account")
+    for caption, text in NEW_ACCOUNT.items():
+        stage.person.fill(caption, text)
+    stage.person.fill_password("Password", NEW_PASSWORD)
+    stage.person.press_button("Create Account")
+    stage.screen.wait_gone("password text", "Password")
+    stage.screen.wait_reads("No Sessions Found")
+    account = stage.bridge.user(NEW_ACCOUNT["Email"].strip())
+    expect_equal({key: account[key] for key in ("full_name", "phone", "city", "state", "role")},
+                 {"full_name": "Zoë Älder", "phone": "(555) 010-0190", "city": "Springfield", "state": "",
+                  "role": "client"}, "the new account")
+    expect(NEW_PASSWORD not in account["password_hash"], "The bridge keeps the password itself.")
+    expect_remembered(stage, account["email"])
+
+
 def sidebar(stage):
     """The titles of the sections on offer."""
     sections = [node for node in stage.screen.find_all("list item") if node.parent.role != "list"]
@@ -80,5 +101,5 @@ def expect_nobody_remembered(stage):
 def expect_no_password(stage):
     for file in stage.client.files_at_home():
         kept = stage.client.file_at_home(file)
-        for password in (DEMO_PASSWORD, WRONG_PASSWORD):
+        for password in (DEMO_PASSWORD, WRONG_PASSWORD, NEW_PASSWORD):
             expect(password.encode() not in kept, f"The password is in {file}.")

@@ -20,7 +20,7 @@ def sign_out(stage):
 
 def admin_signs_in(stage):
     stage.open("Sessions")
-    stage.sign_in(DEMO_ADMIN, DEMO_PASSWORD)
+    stage.sign_in_by_keys(DEMO_ADMIN, DEMO_PASSWORD)
     stage.screen.wait_gone("password text", "Password")
     stage.screen.wait_reads("Active Workspace")
     expect_equal(sidebar(stage), ["Dashboard", "Book Remote Notary", "Sessions", *WORKSPACES, "Settings"],
