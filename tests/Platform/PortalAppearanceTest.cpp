@@ -1,0 +1,192 @@
+#include "PortalAppearance.h"
+
+#include "support/Await.h"
+
+#include <QDBusConnection>
+#include <QDBusContext>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QProcess>
+#include <QStandardPaths>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString serviceName = u"org.freedesktop.portal.Desktop"_s;
+const QString objectPath = u"/org/freedesktop/portal/desktop"_s;
+const QString interfaceName = u"org.freedesktop.portal.Settings"_s;
+const QString appearance = u"org.freedesktop.appearance"_s;
+const QString colorScheme = u"color-scheme"_s;
+
+} // namespace
+
+/// A desktop's settings portal, of an age of our choice.
+class FakePortal : public QObject, protected QDBusContext
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+public:
+    enum class Age
+    {
+        Old,
+        New,
+        Empty
+    };
+
+    explicit FakePortal(Age age) : age_(age) { }
+
+    uint scheme = 0;
+    int asked = 0;
+
+public slots:
+    QDBusVariant Read(const QString& group, const QString& key)
+    {
+        return QDBusVariant(QVariant::fromValue(answer(Age::Old, group, key)));
+    }
+    QDBusVariant ReadOne(const QString& group, const QString& key) { return answer(Age::New, group, key); }
+
+private:
+    QDBusVariant answer(Age age, const QString& group, const QString& key)
+    {
+        ++asked;
+        if (age != age_)
+            sendErrorReply(QDBusError::UnknownMethod);
+        else if (group != appearance || key != colorScheme)
+            sendErrorReply(QDBusError::InvalidArgs);
+        return QDBusVariant(scheme);
+    }
+
+    const Age age_;
+};
+
+/// A message bus of our own, and on it what the desktop and the client see.
+class PortalAppearanceTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (QStandardPaths::findExecutable(u"dbus-daemon"_s).isEmpty())
+            GTEST_SKIP() << "there is no dbus-daemon";
+        daemon.start(
+            u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s, u"--print-address"_s});
+        ASSERT_TRUE(daemon.waitForReadyRead(-1));
+        address = QString::fromUtf8(daemon.readLine()).trimmed();
+    }
+
+    void TearDown() override
+    {
+        for (const QString& name : names)
+            QDBusConnection::disconnectFromBus(name);
+        daemon.kill();
+        daemon.waitForFinished(-1);
+    }
+
+    QDBusConnection connection(const QString& name)
+    {
+        names += name;
+        return QDBusConnection::connectToBus(address, name);
+    }
+
+    void provide(FakePortal& portal)
+    {
+        QDBusConnection desktop = connection(u"desktop"_s);
+        ASSERT_TRUE(desktop.registerObject(objectPath, &portal, QDBusConnection::ExportAllSlots));
+        ASSERT_TRUE(desktop.registerService(serviceName));
+    }
+
+    void announce(const QString& group, const QString& key, const QVariant& value)
+    {
+        QDBusMessage signal = QDBusMessage::createSignal(objectPath, interfaceName, u"SettingChanged"_s);
+        signal.setArguments({group, key, QVariant::fromValue(QDBusVariant(value))});
+        connection(u"desktop"_s).send(signal);
+    }
+
+    QProcess daemon;
+    QString address;
+    QStringList names;
+};
+
+TEST_F(PortalAppearanceTest, AsksWithoutWaiting)
+{
+    for (const auto age : {FakePortal::Age::Old, FakePortal::Age::New}) {
+        FakePortal portal(age);
+        portal.scheme = 1;
+        provide(portal);
+        PortalAppearance system(connection(u"client"_s));
+        int changes = 0;
+        QObject::connect(&system, &SystemAppearance::changed, &system, [&changes] { ++changes; });
+        EXPECT_FALSE(system.isDark());
+        EXPECT_EQ(portal.asked, 0);
+        runUntil([&system] { return system.isDark(); });
+        EXPECT_EQ(changes, 1);
+    }
+}
+
+TEST_F(PortalAppearanceTest, FollowsTheDesktop)
+{
+    FakePortal portal(FakePortal::Age::Old);
+    portal.scheme = 1;
+    provide(portal);
+    PortalAppearance system(connection(u"client"_s));
+    runUntil([&system] { return system.isDark(); });
+    announce(appearance, colorScheme, 2U);
+    runUntil([&system] { return !system.isDark(); });
+    announce(appearance, colorScheme, 1U);
+    runUntil([&system] { return system.isDark(); });
+    announce(appearance, colorScheme, 0U);
+    runUntil([&system] { return !system.isDark(); });
+}
+
+TEST_F(PortalAppearanceTest, IgnoresOtherSettingsAndStrangeValues)
+{
+    FakePortal portal(FakePortal::Age::Old);
+    provide(portal);
+    PortalAppearance system(connection(u"client"_s));
+    int changes = 0;
+    QObject::connect(&system, &SystemAppearance::changed, &system, [&changes] { ++changes; });
+    announce(u"org.gnome.desktop.interface"_s, colorScheme, 1U);
+    announce(appearance, u"accent-color"_s, 1U);
+    announce(appearance, colorScheme, u"prefer-dark"_s);
+    announce(appearance, colorScheme, 7U);
+    announce(appearance, colorScheme, QStringList{u"1"_s});
+    announce(appearance, colorScheme, 1U);
+    runUntil([&system] { return system.isDark(); });
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(PortalAppearanceTest, IsLightWhereThePortalKnowsNothing)
+{
+    FakePortal portal(FakePortal::Age::Empty);
+    provide(portal);
+    PortalAppearance system(connection(u"client"_s));
+    int changes = 0;
+    QObject::connect(&system, &SystemAppearance::changed, &system, [&changes] { ++changes; });
+    runUntil([&portal] { return portal.asked == 2; });
+    EXPECT_FALSE(system.isDark());
+    // Sent after the portal's refusals, so these have arrived when this has.
+    announce(appearance, colorScheme, 1U);
+    runUntil([&system] { return system.isDark(); });
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(PortalAppearanceTest, IsLightUntilAPortalComes)
+{
+    PortalAppearance system(connection(u"client"_s));
+    EXPECT_FALSE(system.isDark());
+    FakePortal portal(FakePortal::Age::Old);
+    provide(portal);
+    announce(appearance, colorScheme, 1U);
+    runUntil([&system] { return system.isDark(); });
+}
+
+TEST(PortalAppearanceWithoutABus, IsLight)
+{
+    const PortalAppearance system(QDBusConnection(u"no such bus"_s));
+    EXPECT_FALSE(system.isDark());
+}
+
+#include "PortalAppearanceTest.moc"
