@@ -148,6 +148,7 @@ TEST_F(PortalAppearanceTest, IgnoresOtherSettingsAndStrangeValues)
     PortalAppearance system(connection(u"client"_s));
     int changes = 0;
     QObject::connect(&system, &SystemAppearance::changed, &system, [&changes] { ++changes; });
+    runUntil([&portal] { return portal.asked == 1; });
     announce(u"org.gnome.desktop.interface"_s, colorScheme, 1U);
     announce(appearance, u"accent-color"_s, 1U);
     announce(appearance, colorScheme, u"prefer-dark"_s);
@@ -178,6 +179,7 @@ TEST_F(PortalAppearanceTest, IsLightUntilAPortalComes)
     PortalAppearance system(connection(u"client"_s));
     EXPECT_FALSE(system.isDark());
     FakePortal portal(FakePortal::Age::Old);
+    portal.scheme = 1;
     provide(portal);
     announce(appearance, colorScheme, 1U);
     runUntil([&system] { return system.isDark(); });
