@@ -152,6 +152,9 @@ bool SettingsFile::replace(const QString& path, const Values& values)
     const QString written = workshop.filePath(u"written"_s);
     const QString fresh = workshop.filePath(u"fresh"_s);
     {
+        // Without a value to write QSettings would make no file, and the old values would stay.
+        if (!QFile(written).open(QIODevice::WriteOnly))
+            return false;
         QSettings settings(written, QSettings::IniFormat);
         for (const auto& [key, value] : values.asKeyValueRange())
             settings.setValue(key, value);
