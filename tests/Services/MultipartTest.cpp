@@ -3,6 +3,7 @@
 #include "Models/Generators.h"
 #include "Models/Rows.h"
 #include "support/FakeWebSession.h"
+#include "support/FormReader.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -34,50 +35,17 @@ private:
     int count_ = 0;
 };
 
-/// One part of a form as a server reads it.
-struct Part
+std::optional<QList<FormPart>> partsOf(const RequestBody& body)
 {
-    QByteArray head;
-    QByteArray body;
-
-    bool operator==(const Part&) const = default;
-};
-
-void PrintTo(const Part& part, std::ostream* out)
-{
-    *out << part.head.toStdString() << " => " << part.body.toStdString();
+    return readForm(bytesOf(body), boundary.toUtf8());
 }
 
-/// Reads a form, told apart by its delimiters alone.
-/// \returns nothing when the bytes are no form
-std::optional<QList<Part>> readForm(QByteArray bytes)
-{
-    const QByteArray mark = "--" + boundary.toUtf8();
-    if (!bytes.startsWith(mark + "\r\n") && bytes != mark + "--\r\n")
-        return {};
-    bytes.prepend("\r\n");
-    QList<Part> parts;
-    const QByteArray delimiter = "\r\n" + mark;
-    for (qsizetype at = 0;;) {
-        at += delimiter.size();
-        if (bytes.sliced(at) == "--\r\n")
-            return parts;
-        const qsizetype end = bytes.indexOf(delimiter, at);
-        const qsizetype blankLine = bytes.indexOf("\r\n\r\n", at);
-        if (end < 0 || blankLine < 0 || blankLine > end || bytes.sliced(at, 2) != "\r\n")
-            return {};
-        parts += Part{
-            bytes.sliced(at + 2, blankLine - at - 2), bytes.sliced(blankLine + 4, end - blankLine - 4)};
-        at = end;
-    }
-}
-
-Part fieldPart(const QString& name, const QString& value)
+FormPart fieldPart(const QString& name, const QString& value)
 {
     return {"Content-Disposition: form-data; name=\"" + name.toUtf8() + '"', value.toUtf8()};
 }
 
-Part filePart(const MultipartFile& file, const QByteArray& bytes)
+FormPart filePart(const MultipartFile& file, const QByteArray& bytes)
 {
     return {"Content-Disposition: form-data; name=\"" + file.fieldName.toUtf8() + "\"; filename=\""
             + file.fileName.toUtf8() + "\"\r\nContent-Type: " + file.mimeType.toUtf8(),
@@ -133,7 +101,7 @@ TEST(MultipartBody, LeavesFilesOnDiskUntilTheyAreSent)
     ASSERT_TRUE(onDisk.open(QFile::WriteOnly));
     onDisk.write("later");
     onDisk.close();
-    EXPECT_EQ(readForm(bytesOf(body)), QList<Part>{filePart(file, "later")});
+    EXPECT_EQ(partsOf(body), QList<FormPart>{filePart(file, "later")});
 }
 
 class FileNames : public testing::TestWithParam<QString>
@@ -143,9 +111,9 @@ TEST_P(FileNames, TravelAsTheyAre)
 {
     Files files;
     const MultipartFile file = files.add(u"f"_s, GetParam(), "bytes");
-    const QByteArray body = bytesOf(makeMultipartBody(boundary, {}, {file}));
-    EXPECT_EQ(readForm(body), QList<Part>{filePart(file, "bytes")});
-    EXPECT_TRUE(body.contains("filename=\"" + GetParam().toUtf8() + "\"\r\n"));
+    const RequestBody body = makeMultipartBody(boundary, {}, {file});
+    EXPECT_EQ(partsOf(body), QList<FormPart>{filePart(file, "bytes")});
+    EXPECT_TRUE(bytesOf(body).contains("filename=\"" + GetParam().toUtf8() + "\"\r\n"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Unusual, FileNames,
@@ -176,7 +144,7 @@ RC_GTEST_PROP(MultipartProperty, AServerReadsBackWhatWasPutIn, ())
     const auto contents = *rc::gen::container<std::vector<std::pair<QString, QByteArray>>>(
         rc::gen::pair(oneLine(), anyBytes()));
     Files onDisk;
-    QList<Part> expected;
+    QList<FormPart> expected;
     for (const auto& [name, value] : fields)
         expected += fieldPart(name, value);
     QList<MultipartFile> files;
@@ -185,7 +153,7 @@ RC_GTEST_PROP(MultipartProperty, AServerReadsBackWhatWasPutIn, ())
         expected += filePart(files.last(), bytes);
     }
     const RequestBody body = makeMultipartBody(boundary, FormFields(fields.begin(), fields.end()), files);
-    RC_ASSERT(readForm(bytesOf(body)) == expected);
+    RC_ASSERT(partsOf(body) == expected);
 }
 
 } // namespace
