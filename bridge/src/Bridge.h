@@ -24,8 +24,8 @@ public:
     std::string address() const;
     int port() const { return port_; }
 
-    /// Answers until stop() is called, from any thread. What has arrived whole is answered first; what is still
-    /// coming in is cut off.
+    /// Answers until stop() is called, from any thread. What has arrived whole is answered first; what is
+    /// still coming in is cut off.
     void run();
     void stop();
 

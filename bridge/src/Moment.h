@@ -14,6 +14,12 @@ using Clock = std::function<Moment()>;
 
 Moment systemTime();
 
+/// The number that the database keeps of it.
+inline long long stamp(Moment moment)
+{
+    return moment.time_since_epoch().count();
+}
+
 /// The service works in New York time: appointments, reference numbers and every date that people read are in
 /// it. "2025-03-09".
 std::string newYorkDate(Moment moment);

@@ -37,6 +37,8 @@ void serve(bridge::Bridge& server)
 int main(int argc, char** argv)
 {
     umask(077);
+    // A file that may not grow any more is an error like a full disk, not the end of the server.
+    std::signal(SIGXFSZ, SIG_IGN);
     try {
         const std::optional<bridge::Settings> settings
             = bridge::parseOptions({argv + std::min(argc, 1), argv + argc});

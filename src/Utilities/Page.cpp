@@ -23,7 +23,8 @@ void Page::resizeEvent(QResizeEvent* event)
 void Page::arrange()
 {
     const bool isDetail = place_ == Place::detail;
-    const bool compact = width() < (isDetail ? Spacing::compactDetailBelow : Spacing::compactBelow);
+    const int compactBelow = isDetail ? Spacing::compactDetailBelow : Spacing::compactBelow;
+    const bool compact = width() < Type::scaled(compactBelow);
     const int padding = isDetail ? (compact ? Spacing::detailCompact : Spacing::detail)
                                  : (compact ? Spacing::pageCompact : Spacing::page);
     const int spare = std::max(0, viewport()->width() - 2 * padding - maxWidth_);

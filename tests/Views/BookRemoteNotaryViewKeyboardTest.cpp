@@ -1,5 +1,7 @@
 #include "BookRemoteNotaryViewTest.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {

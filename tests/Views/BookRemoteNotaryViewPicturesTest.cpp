@@ -110,6 +110,14 @@ TEST_P(BookRemoteNotaryViewPictures, UnknownCountInAnotherZone)
     save(u"tokyo-1180x760"_s, {960, 1200});
 }
 
+TEST_P(BookRemoteNotaryViewPictures, Uploading)
+{
+    model->isSubmitting = true;
+    model->uploadProgressText = u"Uploading 2 of 3: raman_passport.jpg"_s;
+    model->uploadProgress = 0.5;
+    save(u"uploading-full-980"_s, {760, 2961});
+}
+
 TEST_P(BookRemoteNotaryViewPictures, Success)
 {
     show();

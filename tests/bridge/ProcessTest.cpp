@@ -11,6 +11,7 @@
 #include <csignal>
 #include <mutex>
 #include <set>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
 
@@ -120,6 +121,35 @@ TEST_F(Process, MistakesEndItWithWords)
     EXPECT_FALSE(second.isListening());
     EXPECT_NE(second.output().find("Another server uses"), std::string::npos);
     EXPECT_EQ(second.end(SIGTERM), 1);
+}
+
+TEST_F(Process, AFullDiskIsToldAndHurtsNothing)
+{
+    {
+        Child child(folder.path(), {"--demo"});
+        const Api api = child.api();
+        const std::string token = api.tokenOf(client);
+        const std::string messages = "/remote-notary/sessions/15/messages";
+        const auto upload = [&](std::size_t size) {
+            return api
+                .sendText("POST", "/remote-notary/sessions/15/documents", token, formType,
+                    formBody({}, {{"a", "a/b", std::string(size, 'x')}}))
+                .status;
+        };
+        child.limitFiles(2 << 20);
+        EXPECT_EQ(upload(3 << 20), 507);
+        EXPECT_EQ(upload(1 << 20), 201);
+        child.limitFiles(1);
+        EXPECT_EQ(upload(100), 507);
+        EXPECT_EQ(api.post(messages, token, {{"message", "lost"}}).status, 500);
+        EXPECT_EQ(reader::list(api.get(messages, token).body).size(), 2u) << "reading goes on";
+        child.limitFiles(RLIM_INFINITY);
+        EXPECT_EQ(api.post(messages, token, {{"message", "kept"}}).status, 201);
+        EXPECT_EQ(child.end(SIGTERM), 0);
+    }
+    EXPECT_EQ(stored("pragma integrity_check"), "ok");
+    EXPECT_EQ(stored("select cast(count(*) as text) from messages where session_id = 15"), "3");
+    EXPECT_EQ(stored("select cast(count(*) as text) from uploads where session_id = 15"), "2");
 }
 
 TEST_F(Process, KilledInTheMiddleItHasEverythingItAcknowledged)

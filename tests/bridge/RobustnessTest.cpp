@@ -276,6 +276,32 @@ TEST_F(Robustness, OfManyNotariesAtOnceOneGetsTheCall)
     }
 }
 
+TEST(Log, HasPathsAndNothingThatPeopleWrote)
+{
+    RunningBridge::Wishes wishes;
+    wishes.verbose = true;
+    testing::internal::CaptureStderr();
+    std::vector<std::string> secrets{"quorvel-demo", "a secret message"};
+    {
+        const RunningBridge bridge(wishes);
+        const Api api = bridge.api();
+        const Json tokens = api.signIn("priya.raman@example.com").body["firebase"];
+        api.renew(tokens["refreshToken"]);
+        api.post("/remote-notary/sessions/15/messages", tokens["idToken"], {{"message", "a secret message"}});
+        const Json document
+            = reader::list(api.get("/remote-notary/sessions/15/documents", tokens["idToken"]).body).front();
+        const std::string url = reader::text(document, {"pdf_url"});
+        api.get("/" + url.substr(url.find("/files/")));
+        secrets.insert(secrets.end(),
+            {tokens["idToken"], tokens["refreshToken"], url.substr(url.find("key=") + 4), "priya.raman"});
+    }
+    const std::string log = testing::internal::GetCapturedStderr();
+    EXPECT_NE(log.find("POST /mobile-bridge/v1/remote-notary/sessions/15/messages 201\n"), std::string::npos)
+        << log;
+    for (const std::string& secret : secrets)
+        EXPECT_EQ(log.find(secret), std::string::npos) << log;
+}
+
 TEST_F(Robustness, TheWebsiteIsAPage)
 {
     const Reply page = api.get("//");

@@ -134,6 +134,18 @@ TEST_F(Sessions, ABusinessSchedulesForItsClients)
         404);
 }
 
+TEST_F(Sessions, ListsTheClientsOfABusinessInEveryVariant)
+{
+    std::vector<std::string> names;
+    for (const Json& one : reader::list(api.get("/business/clients", tokenOf(business)).body))
+        names.push_back(reader::text(one, {"name", "full_name", "client_name"}) + ' '
+            + reader::text(one, {"email", "client_email"}));
+    EXPECT_EQ(names,
+        (std::vector<std::string>{"Ines Duarte ines.duarte@example.com",
+            "Tomas Alder tomas.alder@example.com", "Oscar Lindqvist oscar.lindqvist@example.com",
+            "Noor Haddad noor.haddad@example.com"}));
+}
+
 TEST_F(Sessions, CancelsOnlyWhatIsNotOver)
 {
     const std::string token = tokenOf(client);

@@ -1,6 +1,7 @@
 """The real client, started on the journey's desktop against the journey's bridge."""
 
 import stat
+from dataclasses import dataclass, field
 
 import hands
 from person import Person
@@ -8,15 +9,26 @@ from screen import Screen
 from waiting import wait_for
 
 
-class Client:
-    """One run of the program. `person` uses it."""
+@dataclass(frozen=True)
+class Conditions:
+    """Under which a person's desktop runs the program."""
 
-    def __init__(self, build, desktop, bridge):
+    environment: dict = field(default_factory=dict)
+    arguments: tuple = ()
+    # Pixels of the display for one of the program.
+    scale: float = 1
+
+
+class Client:
+    """One run of the program. `person` uses it, which works at a scale of 1 only: the mouse counts the display's
+    pixels, the accessibility tree the program's."""
+
+    def __init__(self, build, desktop, bridge, conditions=Conditions()):
         self._home = desktop.home
-        self._program = build / "bin" / "quorvel"
-        self._desktop = desktop
-        self._environment = desktop.environment | {"SSL_CERT_FILE": str(bridge.authority)}
-        self.process = self._run()
+        self._scale = conditions.scale
+        self.process = desktop.processes.start(
+            [build / "bin" / "quorvel", *conditions.arguments],
+            desktop.environment | {"SSL_CERT_FILE": str(bridge.authority)} | conditions.environment)
         self.screen = Screen(self.process.pid)
         self.person = Person(self.screen)
         self.wait_for_window()
@@ -24,7 +36,7 @@ class Client:
     @property
     def window(self):
         """Where the content of the main window is on the display."""
-        return self.wait_for_window().rect
+        return self.wait_for_window().rect.scaled(self._scale)
 
     def wait_for_window(self):
         return wait_for(self._window, "the main window")
@@ -56,9 +68,6 @@ class Client:
 
     def file_at_home(self, path):
         return (self._home / path).read_bytes()
-
-    def _run(self):
-        return self._desktop.processes.start([self._program], self._environment)
 
     def _window(self):
         return next((window for window in self.screen.windows

@@ -12,7 +12,7 @@ from hands import lay_out_keyboard
 from waiting import wait_for
 
 # Larger than the largest window of the journey, so that the window manager never has to move or shrink one.
-SCREEN = "2000x1200x24"
+SCREEN = "2400x1600x24"
 # Requests to the kernel, from <sys/prctl.h>.
 SET_PARENT_DEATH_SIGNAL = 1
 SET_CHILD_SUBREAPER = 36

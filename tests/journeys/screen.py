@@ -30,6 +30,9 @@ class Rect(NamedTuple):
     def centre(self):
         return self.x + self.width // 2, self.y + self.height // 2
 
+    def scaled(self, factor):
+        return Rect(*(round(length * factor) for length in self))
+
     @property
     def is_empty(self):
         return self.width <= 0 or self.height <= 0

@@ -9,16 +9,17 @@ DEFAULT_SIZE = (1180, 760)
 
 
 class Stage:
-    """The client with its person, the bridge behind it, and the album."""
+    """The client with its person, the bridge behind it, the tray beside it, and the album. `scheme` is "light" or
+    "dark"."""
 
-    def __init__(self, client, bridge, album, tray):
+    def __init__(self, client, bridge, album, tray, scheme):
         self.client = client
         self.person = client.person
         self.screen = client.screen
         self.bridge = bridge
         self.album = album
         self.tray = tray
-        self.scheme = "light"
+        self.scheme = scheme
 
     def picture(self, name):
         """Of the main window, with the pointer off it."""
@@ -29,9 +30,12 @@ class Stage:
         """Goes to a section through the sidebar and waits until it has loaded."""
         entry = self.person.click("list item", section)
         wait_for(lambda: "selected" in entry.states, f'"{section}" to be selected in the sidebar')
+        self.wait_for_section(section)
+        self.expect_names()
+
+    def wait_for_section(self, section):
         wait_for(lambda: self.client.wait_for_window().name == section, f'a window titled "{section}"')
         self.wait_until_loaded()
-        self.expect_names()
 
     def expect_names(self):
         """Whoever cannot see the screen is told what each control is."""

@@ -11,7 +11,7 @@ from pathlib import Path
 from bridge import Bridge, NoWayToBridge
 from chapters import booking, leaving, looks, signing_in, staff
 from chapters import sessions as session_list
-from client import Client
+from client import Client, Conditions
 from display import Desktop
 from pictures import Album
 from stage import Stage
@@ -31,7 +31,7 @@ class Journey:
     def run(self):
         bridge = Bridge(self._build, self._desktop.folder / "bridge", self._desktop)
         tray = Tray(self._desktop)
-        self.stage = Stage(Client(self._build, self._desktop, bridge), bridge, self._album, tray)
+        self._meet(bridge, tray, "light")
         for title, chapter in self._chapters():
             print(f"{time.monotonic() - self._started:6.1f} s  {title}", flush=True)
             chapter(self.stage)
@@ -67,18 +67,31 @@ class Journey:
             ("the staff's screens, light", staff.workspaces),
             ("window sizes, light", looks.sizes),
             ("closing the window", leaving.close_and_come_back),
+            ("other desktops", self._visit_other_desktops),
             ("signing out again", staff.sign_out),
             ("a new account", signing_in.new_account),
             ("quitting", leaving.quit_from_tray),
             ("nothing else was written", leaving.expect_tidy_home),
         ]
 
+    def _meet(self, bridge, tray, scheme, conditions=Conditions()):
+        """Starts the client, which is expected to show itself in the scheme."""
+        client = Client(self._build, self._desktop, bridge, conditions)
+        self.stage = Stage(client, bridge, self._album, tray, scheme)
+
     def _restart(self, stage):
+        """Whoever was signed in still is, in the scheme that was chosen."""
         leaving.quit_from_tray(stage)
-        scheme = stage.scheme
-        self.stage = Stage(Client(self._build, self._desktop, stage.bridge), stage.bridge, self._album, stage.tray)
-        self.stage.scheme = scheme
+        self._meet(stage.bridge, stage.tray, stage.scheme)
         leaving.expect_still_signed_in(self.stage)
+
+    def _visit_other_desktops(self, stage):
+        leaving.quit_from_tray(stage)
+        for name, conditions in looks.OTHER_DESKTOPS.items():
+            self._meet(stage.bridge, stage.tray, stage.scheme, conditions)
+            looks.screens_by_shortcut(self.stage, name)
+            leaving.quit_from_tray(self.stage)
+        self._meet(stage.bridge, stage.tray, stage.scheme)
 
     def show_failure(self):
         """What the screen showed, as a picture and as a screen reader would read it."""
@@ -103,6 +116,8 @@ def main():
             journey.run()
         except NoWayToBridge as obstacle:
             sys.exit(str(obstacle))
+        except KeyboardInterrupt:
+            sys.exit(128 + signal.SIGINT)
         except Exception:
             journey.show_failure()
             raise

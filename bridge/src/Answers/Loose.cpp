@@ -47,19 +47,19 @@ nlohmann::json looseFlag(Variant variant, bool flag)
     return flag;
 }
 
-static Moment momentOf(long long stamp)
+static Moment momentOf(long long stored)
 {
-    return Moment(std::chrono::milliseconds(stamp));
+    return Moment(std::chrono::milliseconds(stored));
 }
 
-std::string shownMoment(long long stamp)
+std::string shownMoment(long long stored)
 {
-    return newYorkDateTime(momentOf(stamp));
+    return newYorkDateTime(momentOf(stored));
 }
 
-std::string changeMoment(long long stamp)
+std::string changeMoment(long long stored)
 {
-    return utcStamp(momentOf(stamp));
+    return utcStamp(momentOf(stored));
 }
 
 } // namespace bridge

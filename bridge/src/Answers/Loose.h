@@ -35,9 +35,10 @@ nlohmann::json looseText(Variant variant, const std::string& text);
 nlohmann::json looseFlag(Variant variant, bool flag);
 
 /// How created_at is shown: New York time.
-std::string shownMoment(long long stamp);
+/// \param stored  as the database keeps it
+std::string shownMoment(long long stored);
 
 /// How updated_at is told: it differs after every change.
-std::string changeMoment(long long stamp);
+std::string changeMoment(long long stored);
 
 } // namespace bridge

@@ -58,7 +58,7 @@ static void addPeople(soci::session& sql, const std::string& hash, Moment now)
                     .bind("id", id)
                     .bind("name", person.name)
                     .bind("email", person.email)
-                    .bind("now", now.time_since_epoch().count())
+                    .bind("now", stamp(now))
                     .run();
             }
             Notary profile = *findNotary(sql, findAccount(sql, id)->notaryId);
@@ -72,7 +72,7 @@ static void addPeople(soci::session& sql, const std::string& hash, Moment now)
     Query(sql,
         "insert into notaries(name, email, state, county, billing_status, active, created_at, updated_at)"
         " values('Ruth Delgado', 'ruth.delgado@example.com', 'NY', 'Erie', 'paused', 0, :now, :now)")
-        .bind("now", now.time_since_epoch().count())
+        .bind("now", stamp(now))
         .run();
 }
 
@@ -139,7 +139,7 @@ static void addDocument(Service& service, soci::session& sql, const Session& ses
     upload.category = isPdf ? "notarized_document" : "government_id";
     upload.downloadKey = randomText(24);
     upload.fieldsJson = "{}";
-    upload.createdAt = moment.time_since_epoch().count();
+    upload.createdAt = stamp(moment);
     addUpload(sql, upload);
 }
 

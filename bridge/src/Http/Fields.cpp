@@ -70,6 +70,16 @@ std::string Fields::firstText(std::initializer_list<std::string> keys) const
     return {};
 }
 
+void Fields::take(std::initializer_list<std::string> keys, std::string& target) const
+{
+    for (const std::string& key : keys) {
+        if (has(key)) {
+            target = text(key);
+            return;
+        }
+    }
+}
+
 std::optional<long long> Fields::number(const std::string& key) const
 {
     const std::string value = text(key);

@@ -34,6 +34,10 @@ public:
     /// The first of the keys whose text is not empty.
     std::string firstText(std::initializer_list<std::string> keys) const;
 
+    /// Takes over the text of the first of the keys that is there, empty or not; without any the target
+    /// stays.
+    void take(std::initializer_list<std::string> keys, std::string& target) const;
+
     /// A whole number, written as a number or as text.
     std::optional<long long> number(const std::string& key) const;
 

@@ -16,14 +16,10 @@ void readContact(const Fields& fields, Account& account)
 {
     if (fields.has("full_name") || fields.has("name"))
         account.fullName = fields.firstText({"full_name", "name"});
-    if (fields.has("email"))
-        account.email = fields.text("email");
-    if (fields.has("phone"))
-        account.phone = fields.text("phone");
-    if (fields.has("city"))
-        account.city = fields.text("city");
-    if (fields.has("state"))
-        account.state = fields.text("state");
+    fields.take({"email"}, account.email);
+    fields.take({"phone"}, account.phone);
+    fields.take({"city"}, account.city);
+    fields.take({"state"}, account.state);
     if (account.fullName.empty())
         throw invalidField("full_name", "Enter a full name.");
     if (!isEmailAddress(account.email))

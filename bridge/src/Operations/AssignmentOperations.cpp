@@ -28,22 +28,14 @@ static void accept(Service& service, Call& call)
 // The date and the time come twice, as confirmed and as scheduled; the confirmed ones are what was typed.
 static void readAppointment(const Fields& fields, Session& session)
 {
-    const auto take = [&fields](std::initializer_list<std::string> keys, std::string& target) {
-        for (const std::string& key : keys) {
-            if (fields.has(key)) {
-                target = fields.text(key);
-                return;
-            }
-        }
-    };
-    take({"status"}, session.status);
+    fields.take({"status"}, session.status);
     session.status = lowerCased(session.status);
     if (!isStatus(session.status))
         throw invalidField("status", "That status is not known.");
-    take({"confirmed_date", "scheduled_date"}, session.scheduledDate);
-    take({"confirmed_time", "scheduled_time"}, session.scheduledTime);
-    take({"proposed_fee"}, session.proposedFee);
-    take({"status_note"}, session.statusNote);
+    fields.take({"confirmed_date", "scheduled_date"}, session.scheduledDate);
+    fields.take({"confirmed_time", "scheduled_time"}, session.scheduledTime);
+    fields.take({"proposed_fee"}, session.proposedFee);
+    fields.take({"status_note"}, session.statusNote);
 }
 
 static void updateByNotary(Service& service, Call& call)
@@ -56,8 +48,7 @@ static void updateByNotary(Service& service, Call& call)
         readAppointment(fields, session);
         if (fields.has("requires_witness"))
             session.requiresWitness = fields.flag("requires_witness");
-        if (fields.has("witness_name"))
-            session.witnessName = fields.text("witness_name");
+        fields.take({"witness_name"}, session.witnessName);
         updateSession(sql, session, call.account().id, service.now());
         return visibleSession(sql, call.account(), call.id());
     });

@@ -39,7 +39,7 @@ static std::vector<Upload> store(Service& service, Call& call, UploadForm& form)
                 upload.sessionId = call.id();
                 upload.userId = call.account().id;
                 upload.uploadedBy = call.account().fullName;
-                upload.createdAt = service.now().time_since_epoch().count();
+                upload.createdAt = stamp(service.now());
                 upload = addUpload(sql, upload);
             }
             return uploads;

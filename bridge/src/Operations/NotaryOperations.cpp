@@ -18,22 +18,14 @@ static void list(Service& service, Call& call)
 
 static void readNotary(const Fields& fields, Notary& notary)
 {
-    const auto take = [&fields](std::initializer_list<std::string> keys, std::string& target) {
-        for (const std::string& key : keys) {
-            if (fields.has(key)) {
-                target = fields.text(key);
-                return;
-            }
-        }
-    };
-    take({"name", "full_name"}, notary.name);
-    take({"email"}, notary.email);
-    take({"phone"}, notary.phone);
-    take({"notarial_state", "state"}, notary.state);
-    take({"county"}, notary.county);
-    take({"commission_number"}, notary.commissionNumber);
-    take({"commission_expiration_date"}, notary.commissionExpiration);
-    take({"billing_status"}, notary.billingStatus);
+    fields.take({"name", "full_name"}, notary.name);
+    fields.take({"email"}, notary.email);
+    fields.take({"phone"}, notary.phone);
+    fields.take({"notarial_state", "state"}, notary.state);
+    fields.take({"county"}, notary.county);
+    fields.take({"commission_number"}, notary.commissionNumber);
+    fields.take({"commission_expiration_date"}, notary.commissionExpiration);
+    fields.take({"billing_status"}, notary.billingStatus);
     if (fields.has("active"))
         notary.isActive = fields.flag("active");
     if (notary.name.empty())

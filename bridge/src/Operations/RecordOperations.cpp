@@ -23,13 +23,6 @@ static bool namesWalkIn(const Fields& fields)
     throw refusal(422, "Choose a remote or a walk-in record.");
 }
 
-// What the request says, or what is stored already.
-static void take(const Fields& data, const std::string& key, std::string& target)
-{
-    if (data.has(key))
-        target = data.text(key);
-}
-
 static void list(Service& service, Call& call)
 {
     const auto [sessions, walkIns] = service.database.read([&](soci::session& sql) {
@@ -45,17 +38,17 @@ static void saveSession(Service& service, Call& call, const Fields& data)
 {
     service.database.write([&](soci::session& sql) {
         Session session = visibleSession(sql, call.account(), call.id());
-        take(data, "status", session.status);
+        data.take({"status"}, session.status);
         session.status = lowerCased(session.status);
         if (!isStatus(session.status))
             throw invalidField("status", "That status is not known.");
-        take(data, "contact_name", session.contactName);
-        take(data, "contact_email", session.contactEmail);
-        take(data, "contact_phone", session.contactPhone);
-        take(data, "document_type", session.documentType);
-        take(data, "scheduled_date", session.scheduledDate);
-        take(data, "scheduled_time", session.scheduledTime);
-        take(data, "notes", session.notes);
+        data.take({"contact_name"}, session.contactName);
+        data.take({"contact_email"}, session.contactEmail);
+        data.take({"contact_phone"}, session.contactPhone);
+        data.take({"document_type"}, session.documentType);
+        data.take({"scheduled_date"}, session.scheduledDate);
+        data.take({"scheduled_time"}, session.scheduledTime);
+        data.take({"notes"}, session.notes);
         // The contact of a session that a business scheduled is its client.
         if (session.businessId != 0) {
             session.clientName = session.contactName;
@@ -72,14 +65,14 @@ static void saveWalkIn(Service& service, Call& call, const Fields& data)
         std::optional<WalkIn> record = findWalkIn(sql, call.id());
         if (!record)
             throw notFound();
-        take(data, "status", record->status);
-        take(data, "contact_name", record->contactName);
-        take(data, "contact_email", record->contactEmail);
-        take(data, "contact_phone", record->contactPhone);
-        take(data, "document_type", record->documentType);
-        take(data, "scheduled_date", record->scheduledDate);
-        take(data, "scheduled_time", record->scheduledTime);
-        take(data, "notes", record->notes);
+        data.take({"status"}, record->status);
+        data.take({"contact_name"}, record->contactName);
+        data.take({"contact_email"}, record->contactEmail);
+        data.take({"contact_phone"}, record->contactPhone);
+        data.take({"document_type"}, record->documentType);
+        data.take({"scheduled_date"}, record->scheduledDate);
+        data.take({"scheduled_time"}, record->scheduledTime);
+        data.take({"notes"}, record->notes);
         updateWalkIn(sql, *record, service.now());
     });
 }

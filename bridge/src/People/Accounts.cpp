@@ -6,11 +6,6 @@
 
 namespace bridge {
 
-static long long stamp(Moment moment)
-{
-    return moment.time_since_epoch().count();
-}
-
 static const std::string selectAccounts
     = "select u.id, u.local_id, u.email, u.full_name, u.phone, u.city, u.state, u.role, coalesce(n.id, 0),"
       " coalesce(n.active, 0), coalesce(u.business_id, 0), coalesce(b.company_name, '') from users u"

@@ -31,7 +31,7 @@ void rememberBusinessClient(soci::session& sql, Id businessId, const BusinessCli
         .bind("name", client.name)
         .bind("email", client.email)
         .bind("phone", client.phone)
-        .bind("now", now.time_since_epoch().count())
+        .bind("now", stamp(now))
         .run();
 }
 

@@ -53,7 +53,7 @@ void updateNotary(soci::session& sql, const Notary& notary, Moment now)
         .bind("expiration", notary.commissionExpiration)
         .bind("billing", notary.billingStatus)
         .bind("active", notary.isActive)
-        .bind("now", now.time_since_epoch().count())
+        .bind("now", stamp(now))
         .bind("id", notary.id)
         .run();
     if (std::optional<Account> account = findAccount(sql, notary.userId)) {

@@ -8,11 +8,6 @@ namespace bridge {
 static constexpr std::size_t tokenBytes = 32;
 static constexpr std::chrono::seconds secondChance(60);
 
-static long long stamp(Moment moment)
-{
-    return moment.time_since_epoch().count();
-}
-
 SignIns::SignIns(Clock clock, std::chrono::seconds idTokenLifetime)
     : clock_(std::move(clock)), lifetime_(idTokenLifetime)
 { }

@@ -22,7 +22,7 @@ Message addMessage(
     soci::session& sql, Id sessionId, const Account& sender, const std::string& text, Moment now)
 {
     Message message{0, nameOf(roleOf(sender.roleWord).value_or(Role::Client)), sender.fullName, sender.email,
-        text, now.time_since_epoch().count()};
+        text, stamp(now)};
     Query(sql,
         "insert into messages(session_id, user_id, sender_type, sender_name, sender_email, message,"
         " created_at) values(:session, :user, :type, :name, :email, :text, :now)")

@@ -7,11 +7,6 @@
 
 namespace bridge {
 
-static long long stamp(Moment moment)
-{
-    return moment.time_since_epoch().count();
-}
-
 static const std::string selectSessions
     = "select s.id, s.reference_id, coalesce(s.owner_id, 0), coalesce(u.full_name, ''), coalesce(u.email, "
       "''),"

@@ -31,7 +31,7 @@ static Query& bindFields(Query& query, const WalkIn& record, Moment now)
     query.bind("status", record.status).bind("name", record.contactName).bind("email", record.contactEmail);
     query.bind("phone", record.contactPhone).bind("type", record.documentType);
     query.bind("date", record.scheduledDate).bind("time", record.scheduledTime).bind("notes", record.notes);
-    return query.bind("now", now.time_since_epoch().count());
+    return query.bind("now", stamp(now));
 }
 
 std::vector<WalkIn> listWalkIns(soci::session& sql)

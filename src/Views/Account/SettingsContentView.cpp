@@ -43,7 +43,7 @@ QWidget* SettingsContentView::makeSignedIn()
     auto* right = Layouts::column(Spacing::betweenCards, {makePreferencesCard()});
     left->addStretch();
     right->addStretch();
-    auto* columns = new QBoxLayout(QBoxLayout::LeftToRight);
+    auto* columns = new QBoxLayout(QBoxLayout::TopToBottom);
     columns->setSpacing(Spacing::betweenCards);
     columns->addLayout(left, 1);
     columns->addLayout(right, 1);
@@ -51,9 +51,11 @@ QWidget* SettingsContentView::makeSignedIn()
     auto* page = new Page(widest);
     page->column()->addWidget(makeHeader());
     page->column()->addLayout(columns);
-    connect(page, &Page::compactChanged, this, [columns](bool compact) {
+    const auto arrange = [columns](bool compact) {
         columns->setDirection(compact ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
-    });
+    };
+    arrange(page->isCompact());
+    connect(page, &Page::compactChanged, this, arrange);
     return page;
 }
 

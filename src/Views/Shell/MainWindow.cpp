@@ -13,6 +13,8 @@
 #include <QMenuBar>
 #include <QShowEvent>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -22,6 +24,7 @@ constexpr QSize firstSize(1180, 760);
 constexpr int sidebarWidth = 220;
 constexpr int wideSidebarWidth = 240;
 constexpr int wideFrom = 1440;
+constexpr double sidebarShare = 0.36;
 
 } // namespace
 
@@ -40,6 +43,7 @@ MainWindow::MainWindow(MainWindowModel& model, AppearanceModel& appearance)
     layout->addWidget(content_, 1);
     setCentralWidget(columns);
 
+    connect(&model_, &MainWindowModel::sidebarChanged, this, &MainWindow::fitSidebar);
     connect(&model_, &MainWindowModel::screenChanged, this, &MainWindow::showScreen);
     showScreen();
 }
@@ -77,7 +81,15 @@ void MainWindow::showEvent(QShowEvent* event)
 void MainWindow::resizeEvent(QResizeEvent* event)
 {
     QMainWindow::resizeEvent(event);
-    sidebar_->setFixedWidth(width() < wideFrom ? sidebarWidth : wideSidebarWidth);
+    fitSidebar();
+}
+
+/// Large text makes the sidebar wider than the design, up to a share of the window.
+void MainWindow::fitSidebar()
+{
+    const int designed = width() < wideFrom ? sidebarWidth : wideSidebarWidth;
+    const int most = std::max(designed, int(width() * sidebarShare));
+    sidebar_->setFixedWidth(std::clamp(sidebar_->wholeTitlesWidth(), designed, most));
 }
 
 void MainWindow::showScreen()

@@ -6,6 +6,7 @@
 #include <QMainWindow>
 
 class ContentPane;
+class Sidebar;
 
 /// The one window: the application menu, the sidebar, and the screen of the selected section behind its gate.
 class MainWindow : public QMainWindow
@@ -25,12 +26,13 @@ protected:
 
 private:
     void addApplicationMenu();
+    void fitSidebar();
     void showScreen();
     QWidget* makeScreen();
     QWidget* makeSectionScreen();
 
     MainWindowModel& model_;
     AppearanceModel& appearance_;
-    QWidget* sidebar_;
+    Sidebar* sidebar_;
     ContentPane* content_;
 };

@@ -11,6 +11,8 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -52,6 +54,8 @@ Sidebar::Audience Sidebar::audience() const
 
 void Sidebar::rebuild()
 {
+    // Choosing a role rebuilds the very picker that it is chosen in.
+    const bool picksRole = rolePicker_ && rolePicker_->hasFocus();
     shownFor_ = audience();
     Layouts::clear(column_);
     entries_.clear();
@@ -60,6 +64,16 @@ void Sidebar::rebuild()
     for (const MainWindowModel::Group& group : model_.groups())
         addGroup(group);
     column_->addStretch();
+    if (picksRole && rolePicker_)
+        rolePicker_->setFocus(Qt::OtherFocusReason);
+}
+
+int Sidebar::wholeTitlesWidth() const
+{
+    int widest = 0;
+    for (const auto& [section, entry] : entries_)
+        widest = std::max(widest, entry->sizeHint().width());
+    return widest + 2 * outerMargin;
 }
 
 void Sidebar::addHeader()
@@ -87,6 +101,7 @@ void Sidebar::addRoleSwitcher()
     for (const AppRole role : roles)
         options += {title(role), rawValue(role), systemImage(role)};
     auto* picker = new ComboBox(options);
+    rolePicker_ = picker;
     picker->setCompact(true);
     picker->setValue(rawValue(model_.context().auth.role()));
     connect(picker, &ComboBox::valueChanged, this, [this](const QString& value) {

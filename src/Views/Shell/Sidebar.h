@@ -2,6 +2,7 @@
 
 #include "Shell/MainWindowModel.h"
 
+#include <QPointer>
 #include <QWidget>
 
 class QVBoxLayout;
@@ -14,6 +15,9 @@ class Sidebar : public QWidget
 public:
     /// The model must outlive the sidebar.
     explicit Sidebar(MainWindowModel& model, QWidget* parent = nullptr);
+
+    /// The width at which no section's title is cut off, which grows with the text.
+    int wholeTitlesWidth() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -42,4 +46,5 @@ private:
     QVBoxLayout* column_;
     Audience shownFor_;
     QList<std::pair<AppSection, class SidebarEntry*>> entries_;
+    QPointer<class ComboBox> rolePicker_;
 };

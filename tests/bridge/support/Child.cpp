@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -45,6 +46,12 @@ Child::Child(const std::filesystem::path& data, const std::vector<std::string>& 
 Child::~Child()
 {
     end(SIGKILL);
+}
+
+void Child::limitFiles(unsigned long long bytes)
+{
+    const rlimit limit{bytes, RLIM_INFINITY};
+    ::prlimit(process_, RLIMIT_FSIZE, &limit, nullptr);
 }
 
 int Child::end(int signal)

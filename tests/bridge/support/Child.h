@@ -21,6 +21,9 @@ public:
     /// What it printed before it listened, or ended.
     const std::string& output() const { return output_; }
 
+    /// From now on no file may grow beyond so many bytes, as if the disk were full.
+    void limitFiles(unsigned long long bytes);
+
     /// Sends a signal and waits for the end; the exit status, or minus the signal that ended it.
     int end(int signal);
 

@@ -13,6 +13,7 @@ RunningBridge::RunningBridge(const Wishes& wishes)
     settings.demo = true;
     settings.largestUpload = wishes.largestUpload;
     settings.apiKey = wishes.apiKey;
+    settings.verbose = wishes.verbose;
     settings.passwordCost = bridge::PasswordCost::Lowest;
     settings.clock = [this] { return bridge::Moment(birth + std::chrono::milliseconds(elapsed_.load())); };
     bridge_ = std::make_unique<bridge::Bridge>(settings);

@@ -17,6 +17,7 @@ public:
     {
         std::uint64_t largestUpload = 64 << 20;
         std::string apiKey;
+        bool verbose = false;
         /// Adds operations of the test's own.
         std::function<void(bridge::Router&)> operations;
     };

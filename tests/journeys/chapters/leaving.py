@@ -28,6 +28,7 @@ def expect_still_signed_in(stage):
 
 
 def quit_from_tray(stage):
+    stage.tray.wait_for_item()
     expect("Quit Quorvel" in stage.tray.titles(), "The tray's menu has no way out.")
     stage.tray.choose("Quit Quorvel")
     expect_equal(stage.client.process.wait(timeout=30), 0, "the exit code")

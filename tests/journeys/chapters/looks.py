@@ -1,11 +1,25 @@
-"""The same screens in the other scheme and at other sizes."""
+"""The same screens in the other scheme, at other sizes and on other people's desktops."""
 
+from pathlib import Path
+
+import hands
 from chapters import sessions
+from client import Conditions
 from expectations import expect
 from waiting import wait_for
 
 SMALLEST = (980, 680)
 LARGEST = (1920, 1080)
+
+DESKTOPS = Path(__file__).parent.parent / "desktops"
+OTHER_DESKTOPS = {
+    "large-text": Conditions({"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5",
+                              "XDG_CONFIG_DIRS": str(DESKTOPS / "large-text")}),
+    "scale-150": Conditions({"QT_SCALE_FACTOR": "1.5"}, scale=1.5),
+    "scale-200": Conditions({"QT_SCALE_FACTOR": "2"}, scale=2),
+    "right-to-left": Conditions(arguments=("-reverse",)),
+}
+SHORTCUTS = {"Book Remote Notary": "ctrl+shift+b", "Sessions": "ctrl+shift+s", "Settings": "ctrl+comma"}
 
 
 def choose_scheme(stage, title):
@@ -48,7 +62,8 @@ def sizes(stage):
 
 
 def _main_screens(stage, suffix):
-    for section, name in (("Dashboard", "dashboard"), ("Book Remote Notary", "booking"), ("Sessions", "sessions")):
+    for section, name in (("Dashboard", "dashboard"), ("Book Remote Notary", "booking"), ("Sessions", "sessions"),
+                          ("Settings", "settings")):
         stage.open(section)
         _expect_inside(stage)
         stage.picture(name + suffix)
@@ -61,3 +76,13 @@ def _expect_inside(stage):
         rect = button.rect
         expect(window.x <= rect.x and rect.x + rect.width <= window.x + window.width,
                f'"{button.name}" sticks out of the window.')
+
+
+def screens_by_shortcut(stage, suffix):
+    """From the dashboard on, where the client begins, without the mouse."""
+    stage.wait_for_section("Dashboard")
+    stage.picture(f"dashboard-{suffix}")
+    for section, keys in SHORTCUTS.items():
+        hands.press(keys)
+        stage.wait_for_section(section)
+        stage.picture(f"{section.split()[0].lower()}-{suffix}")

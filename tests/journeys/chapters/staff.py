@@ -35,6 +35,7 @@ def switch_role(stage):
                            ("Admin", "All remote notary sessions.")):
         stage.person.choose("Role", role)
         stage.screen.wait_reads(subtitle)
+        expect("focused" in stage.screen.wait("combo box", "Role").states, "Choosing a role lost the focus.")
         stage.wait_until_loaded()
         stage.picture(f"sessions-{role.lower()}")
         wait_for(lambda: f"QuorvelMac.activeRole={role.lower()}" in stage.client.preferences(),  # noqa: B023
