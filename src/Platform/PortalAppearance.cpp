@@ -35,6 +35,9 @@ PortalAppearance::PortalAppearance(const QDBusConnection& bus)
 {
     if (!bus.isConnected())
         return;
+    // The bus knows the slot's signature only by the names of its types, and before its first message of this
+    // process it has not named this one yet.
+    qRegisterMetaType<QDBusVariant>("QDBusVariant");
     QDBusConnection(bus).connect(service, path, interface, u"SettingChanged"_s, this,
         SLOT(settingChanged(QString, QString, QDBusVariant)));
     // Every portal there is knows the first; it is deprecated in favour of the second.

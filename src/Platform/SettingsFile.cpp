@@ -1,5 +1,6 @@
 #include "SettingsFile.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -78,6 +79,18 @@ bool syncToDisk(const QString& path)
 bool rename(const QString& from, const QString& to)
 {
     return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
+}
+
+/// Gives the fresh file a later time than the one it replaces: QSettings, in this program and in others,
+/// tells by size and time whether what it remembers of a file still holds, and two saves can fall into one
+/// tick of the system's clock.
+bool outdate(const QString& old, const QString& fresh)
+{
+    const QDateTime past = QFileInfo(old).lastModified();
+    QFile file(fresh);
+    return !past.isValid() || past < QFileInfo(fresh).lastModified()
+        || (file.open(QIODevice::Append)
+            && file.setFileTime(past.addMSecs(1), QFileDevice::FileModificationTime));
 }
 
 /// Removes what a save left that was killed on its way.
@@ -162,5 +175,5 @@ bool SettingsFile::replace(const QString& path, const Values& values)
     // On a full disk QSettings reports success and leaves a short file, so only what reads back counts; under
     // its own name it would be read from memory.
     return rename(written, fresh) && QFile::setPermissions(fresh, ownersAlone) && read(fresh) == values
-        && syncToDisk(fresh) && rename(fresh, path) && syncToDisk(folder);
+        && outdate(path, fresh) && syncToDisk(fresh) && rename(fresh, path) && syncToDisk(folder);
 }

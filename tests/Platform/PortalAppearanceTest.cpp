@@ -98,6 +98,13 @@ protected:
         ASSERT_TRUE(desktop.registerService(serviceName));
     }
 
+    void announce(const QString& group, const QString& key, const QVariant& value)
+    {
+        QDBusMessage signal = QDBusMessage::createSignal(objectPath, interfaceName, u"SettingChanged"_s);
+        signal.setArguments({group, key, QVariant::fromValue(QDBusVariant(value))});
+        connection(u"desktop"_s).send(signal);
+    }
+
     QProcess daemon;
     QString address;
     QStringList names;
@@ -117,6 +124,65 @@ TEST_F(PortalAppearanceTest, AsksWithoutWaiting)
         runUntil([&system] { return system.isDark(); });
         EXPECT_EQ(changes, 1);
     }
+}
+
+TEST_F(PortalAppearanceTest, FollowsTheDesktop)
+{
+    FakePortal portal(FakePortal::Age::Old);
+    portal.scheme = 1;
+    provide(portal);
+    PortalAppearance system(connection(u"client"_s));
+    runUntil([&system] { return system.isDark(); });
+    announce(appearance, colorScheme, 2U);
+    runUntil([&system] { return !system.isDark(); });
+    announce(appearance, colorScheme, 1U);
+    runUntil([&system] { return system.isDark(); });
+    announce(appearance, colorScheme, 0U);
+    runUntil([&system] { return !system.isDark(); });
+}
+
+TEST_F(PortalAppearanceTest, IgnoresOtherSettingsAndStrangeValues)
+{
+    FakePortal portal(FakePortal::Age::Old);
+    provide(portal);
+    PortalAppearance system(connection(u"client"_s));
+    int changes = 0;
+    QObject::connect(&system, &SystemAppearance::changed, &system, [&changes] { ++changes; });
+    runUntil([&portal] { return portal.asked == 1; });
+    announce(u"org.gnome.desktop.interface"_s, colorScheme, 1U);
+    announce(appearance, u"accent-color"_s, 1U);
+    announce(appearance, colorScheme, u"prefer-dark"_s);
+    announce(appearance, colorScheme, 7U);
+    announce(appearance, colorScheme, QStringList{u"1"_s});
+    announce(appearance, colorScheme, 1U);
+    runUntil([&system] { return system.isDark(); });
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(PortalAppearanceTest, IsLightWhereThePortalKnowsNothing)
+{
+    FakePortal portal(FakePortal::Age::Empty);
+    provide(portal);
+    PortalAppearance system(connection(u"client"_s));
+    int changes = 0;
+    QObject::connect(&system, &SystemAppearance::changed, &system, [&changes] { ++changes; });
+    runUntil([&portal] { return portal.asked == 2; });
+    EXPECT_FALSE(system.isDark());
+    // Sent after the portal's refusals, so these have arrived when this has.
+    announce(appearance, colorScheme, 1U);
+    runUntil([&system] { return system.isDark(); });
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(PortalAppearanceTest, IsLightUntilAPortalComes)
+{
+    PortalAppearance system(connection(u"client"_s));
+    EXPECT_FALSE(system.isDark());
+    FakePortal portal(FakePortal::Age::Old);
+    portal.scheme = 1;
+    provide(portal);
+    announce(appearance, colorScheme, 1U);
+    runUntil([&system] { return system.isDark(); });
 }
 
 TEST(PortalAppearanceWithoutABus, IsLight)
