@@ -45,14 +45,9 @@ constexpr std::array apostilleWords{"apostille"_L1};
 constexpr std::array notarizedWords{"poa"_L1, "power"_L1, "affidavit"_L1, "jurat"_L1, "acknowledgment"_L1,
     "acknowledgement"_L1, "closing"_L1, "deed"_L1};
 
-QString lowerName(const QUrl& file)
+const Ending& endingOf(const QString& fileName)
 {
-    return file.fileName().toLower();
-}
-
-const Ending& endingOf(const QUrl& file)
-{
-    const QString name = lowerName(file);
+    const QString name = fileName.toLower();
     const auto found = std::find_if(
         endings.begin(), endings.end(), [&](const Ending& row) { return name.endsWith(row.ending); });
     return found == endings.end() ? otherwise : *found;
@@ -69,17 +64,22 @@ bool containsAny(const QString& name, const std::array<QLatin1StringView, n>& wo
 
 QString DesktopFileHelpers::mimeType(const QUrl& file)
 {
-    return endingOf(file).mimeType;
+    return endingOf(file.fileName()).mimeType;
 }
 
 QString DesktopFileHelpers::icon(const QUrl& file)
 {
-    return endingOf(file).icon;
+    return icon(file.fileName());
+}
+
+QString DesktopFileHelpers::icon(const QString& fileName)
+{
+    return endingOf(fileName).icon;
 }
 
 QString DesktopFileHelpers::suggestedCategory(const QUrl& file)
 {
-    const QString name = lowerName(file);
+    const QString name = file.fileName().toLower();
     if (containsAny(name, identityWords))
         return u"government_id"_s;
     if (containsAny(name, apostilleWords))

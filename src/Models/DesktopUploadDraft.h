@@ -35,6 +35,7 @@ QString mimeType(const QUrl& file);
 /// A guess from plain substrings of the name; any name that holds "id" is taken for an identity document.
 QString suggestedCategory(const QUrl& file);
 QString icon(const QUrl& file);
+QString icon(const QString& fileName);
 /// The file name without extension, "_" and "-" as blanks; the whole name when nothing is left.
 QString suggestedLabel(const QUrl& file);
 /// The same file by one spelling: absolute, without "." and "..". Empty for what is no local file.

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 static constexpr auto rush = "priority"_L1;
 
 BookRemoteNotaryModel::BookRemoteNotaryModel(const ScreenContext& context)
-    : ScreenModel(context), prefills_(epoch()), submissions_(epoch())
+    : UploadsModel(context), prefills_(epoch()), submissions_(epoch())
 {
     resetForm();
 }
@@ -126,43 +126,6 @@ void BookRemoteNotaryModel::removeSigner()
     emit signerCountChanged();
 }
 
-void BookRemoteNotaryModel::addBookingFileURLs(const QList<QUrl>& files)
-{
-    addDrafts(pendingUploads_, files);
-    emit uploadsChanged();
-}
-
-DesktopUploadDraft* BookRemoteNotaryModel::findUpload(const QUuid& id)
-{
-    const auto found = std::find_if(pendingUploads_.begin(), pendingUploads_.end(),
-        [&id](const DesktopUploadDraft& draft) { return draft.id == id; });
-    return found == pendingUploads_.end() ? nullptr : &*found;
-}
-
-void BookRemoteNotaryModel::setUploadLabel(const QUuid& id, const QString& label)
-{
-    if (DesktopUploadDraft* draft = findUpload(id))
-        draft->label = label;
-}
-
-void BookRemoteNotaryModel::setUploadCategory(const QUuid& id, const QString& category)
-{
-    if (DesktopUploadDraft* draft = findUpload(id))
-        draft->category = category;
-}
-
-void BookRemoteNotaryModel::removeUpload(const QUuid& id)
-{
-    pendingUploads_.removeIf([&id](const DesktopUploadDraft& draft) { return draft.id == id; });
-    emit uploadsChanged();
-}
-
-void BookRemoteNotaryModel::clearUploads()
-{
-    pendingUploads_.clear();
-    emit uploadsChanged();
-}
-
 void BookRemoteNotaryModel::resetForm()
 {
     // What is still under way belongs to the form as it was.
@@ -188,10 +151,9 @@ void BookRemoteNotaryModel::resetForm()
     uploadProgressText = QString();
     uploadProgress = 0;
     booked_.reset();
-    pendingUploads_.clear();
+    clearUploads();
     signers_.clear();
     addSigner();
-    emit uploadsChanged();
     // Last, because the form shows itself again as soon as the message is gone.
     successMessage = std::nullopt;
 }

@@ -1,12 +1,11 @@
 #pragma once
 
-#include "DesktopUploadDraft.h"
-#include "Screen/ScreenModel.h"
 #include "SignerDraft.h"
+#include "Uploads/UploadsModel.h"
 
 /// The request form for a remote notary session: its fields, the fee estimate, the checks, and submitting it
 /// together with the attached files. Outlives visits to other sections, so that nothing typed is lost.
-class BookRemoteNotaryModel : public ScreenModel
+class BookRemoteNotaryModel : public UploadsModel
 {
     Q_OBJECT
 
@@ -43,10 +42,6 @@ public:
 
     QProperty<bool> isSubmitting{false};
     QProperty<std::optional<QString>> successMessage;
-    QProperty<bool> isDropTarget{false};
-    QProperty<QString> uploadProgressText;
-    /// Bytes sent of all attached files together, 0 to 1.
-    QProperty<double> uploadProgress{0};
 
     const QList<SignerDraft>& signers() const { return signers_; }
     void editSigner(qsizetype index, const std::function<void(SignerDraft&)>& edit);
@@ -55,12 +50,7 @@ public:
     /// Removes the last signer; nothing happens when it is the only one.
     void removeSigner();
 
-    const QList<DesktopUploadDraft>& pendingUploads() const { return pendingUploads_; }
-    void addBookingFileURLs(const QList<QUrl>& files);
-    void setUploadLabel(const QUuid& id, const QString& label);
-    void setUploadCategory(const QUuid& id, const QString& category);
-    void removeUpload(const QUuid& id);
-    void clearUploads();
+    void addBookingFileURLs(const QList<QUrl>& files) { addUploads(files); }
 
     bool isBusiness() const;
     QString heroSubtitle() const;
@@ -99,8 +89,6 @@ signals:
     void signerCountChanged();
     /// The form itself changed the fields of a signer.
     void signerChanged(qsizetype index);
-    /// Files were attached or removed.
-    void uploadsChanged();
 
 private:
     /// A request that the bridge has accepted.
@@ -113,16 +101,11 @@ private:
     };
 
     void prefillFrom(const JSONObject& profile, const AuthUser& user);
-    DesktopUploadDraft* findUpload(const QUuid& id);
     QCoro::Task<> book(Turn turn, QString token);
     QCoro::Task<std::shared_ptr<Booked>> create(QJsonObject body, Turn turn, QString token);
     QCoro::Task<qsizetype> uploadBookingFiles(std::shared_ptr<Booked> booked, Turn turn, QString token);
-    QCoro::Task<> uploadFile(
-        DesktopUploadDraft draft, qint64 sessionId, Request::Progress progress, QString token);
-    void showProgress(const Turn& turn, const QString& text, double done);
 
     QList<SignerDraft> signers_;
-    QList<DesktopUploadDraft> pendingUploads_;
     bool loadedProfile_ = false;
     /// The session of a submission that failed while its files were sent. Submitting the same request again
     /// goes on with the files that are missing, rather than booking a second session.

@@ -2,10 +2,6 @@
 
 #include "AppError.h"
 
-#include <QFileInfo>
-
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 QCoro::Task<> BookRemoteNotaryModel::submit()
@@ -27,7 +23,7 @@ QCoro::Task<> BookRemoteNotaryModel::submit()
     try {
         co_await book(turn, user->idToken);
     } catch (const AppError& error) {
-        showProgress(turn, QString(), 0);
+        showUploadProgress(turn, QString(), 0);
         fail(turn, u"Booking Failed"_s, error);
     }
     if (turn.isNewest())
@@ -57,10 +53,10 @@ QCoro::Task<> BookRemoteNotaryModel::book(Turn turn, QString token)
     }
     QString message = u"Remote notary request "_s + booked->reference
         + u" was created. Our team will review and confirm the session."_s;
-    if (!pendingUploads_.isEmpty() && booked->sessionId) {
+    if (!pendingUploads().isEmpty() && booked->sessionId) {
         const qsizetype count = co_await uploadBookingFiles(booked, turn, token);
         message += uploadedSuffix(count);
-    } else if (!pendingUploads_.isEmpty()) {
+    } else if (!pendingUploads().isEmpty()) {
         message += u" Files were not uploaded automatically because the new session ID was not returned. "
                    "Open Sessions and upload them from the session detail."_s;
     }
@@ -119,75 +115,17 @@ QCoro::Task<std::optional<qint64>> BookRemoteNotaryModel::resolveCreatedSessionI
     }
 }
 
-static qint64 sizeOf(const DesktopUploadDraft& draft)
-{
-    return QFileInfo(draft.url.toLocalFile()).size();
-}
-
-static double fraction(qint64 part, qint64 whole)
-{
-    return whole > 0 ? std::min(1.0, double(part) / double(whole)) : 0.0;
-}
-
-/// Sends the attached files that are not in the session yet, one after another.
+/// Sends the attached files that are not in the session yet.
 /// \returns how many files of this booking are in the session then
 QCoro::Task<qsizetype> BookRemoteNotaryModel::uploadBookingFiles(
     std::shared_ptr<Booked> booked, Turn turn, QString token)
 {
-    showProgress(turn, u"Uploading attached files..."_s, 0);
-    const QList<DesktopUploadDraft> attached = pendingUploads_;
-    qint64 total = 0;
-    for (const DesktopUploadDraft& draft : attached)
-        total += sizeOf(draft);
-    qint64 done = 0;
-    for (qsizetype k = 0; k < attached.size(); ++k) {
-        // Looked up anew: the person may have taken the file off the list while others were sent.
-        const DesktopUploadDraft* found = findUpload(attached.at(k).id);
-        if (!found)
-            continue;
-        const DesktopUploadDraft draft = *found;
-        const qint64 size = sizeOf(draft);
-        if (!booked->sentFiles.contains(draft.id)) {
-            const QString text = u"Uploading %1 of %2: "_s.arg(k + 1).arg(attached.size()) + draft.fileName();
-            Request::Progress progress = [this, turn, text, done, size, total](qint64 sent, qint64) {
-                showProgress(turn, text, fraction(done + std::min(sent, size), total));
-            };
-            progress(0, size);
-            co_await uploadFile(draft, *booked->sessionId, progress, token);
-            if (turn.isOver())
-                co_return 0;
-            booked->sentFiles += draft.id;
-        }
-        done += size;
-    }
-    pendingUploads_.removeIf(
-        [&booked](const DesktopUploadDraft& draft) { return booked->sentFiles.contains(draft.id); });
-    emit uploadsChanged();
-    showProgress(turn, u"Upload complete."_s, 1);
-    co_return booked->sentFiles.size();
-}
-
-QCoro::Task<> BookRemoteNotaryModel::uploadFile(
-    DesktopUploadDraft draft, qint64 sessionId, Request::Progress progress, QString token)
-{
-    const QFileInfo info(draft.url.toLocalFile());
-    if (!info.isFile() || !info.isReadable())
-        throw AppError(u"One of the attached files could not be read. It may have been moved or deleted."_s);
-    MultipartFile file;
-    file.fieldName = u"desktop_files[]"_s;
-    file.fileName = draft.fileName();
-    file.mimeType = DesktopFileHelpers::mimeType(draft.url);
-    file.data.path = info.filePath();
-    file.data.size = info.size();
-    const QList<MultipartFile> files(1, file);
-    co_await api().uploadSessionFiles(sessionId, draft.label, draft.category, files, token, progress);
-}
-
-/// Bytes are still counted when the form has been reset or its person has left; nobody is to see them then.
-void BookRemoteNotaryModel::showProgress(const Turn& turn, const QString& text, double done)
-{
+    showUploadProgress(turn, u"Uploading attached files..."_s, 0);
+    const SentUploads sent(booked, &booked->sentFiles);
+    co_await sendUploads(*booked->sessionId, sent, turn, token);
     if (turn.isOver())
-        return;
-    uploadProgressText = text;
-    uploadProgress = done;
+        co_return 0;
+    removeUploads(*sent);
+    showUploadProgress(turn, u"Upload complete."_s, 1);
+    co_return booked->sentFiles.size();
 }

@@ -21,6 +21,8 @@ public:
     QProperty<std::optional<AlertMessage>> alert;
 
     const ScreenContext& context() const { return context_; }
+    /// Whether the person has begun something here that would be lost with the model.
+    virtual bool hasUnsentWork() const { return false; }
     void dismissAlert() { alert = std::nullopt; }
 
 protected:

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "RemoteDocumentUpload.h"
+#include "Uploads/UploadsModel.h"
+
+/// The documents of one session, and the files that are to join them.
+///
+/// Every failure becomes this model's own alert, which its card shows.
+class SessionDocumentsModel : public UploadsModel
+{
+    Q_OBJECT
+
+public:
+    SessionDocumentsModel(const ScreenContext& context, qint64 sessionId);
+
+    QProperty<bool> isUploadingFiles{false};
+
+    const QList<RemoteDocumentUpload>& documents() const { return documents_; }
+    /// Takes over a list that somebody else has loaded.
+    void setDocuments(QList<RemoteDocumentUpload> documents);
+    /// The symbol of a document's kind, told by its file name.
+    static QString icon(const RemoteDocumentUpload& document);
+    static QString uploader(const RemoteDocumentUpload& document);
+
+    /// The newest load wins; a failed one leaves the list as it was.
+    QCoro::Task<> loadDocuments();
+    /// Sends the pending files and loads the list again. Nothing happens while an upload is under way, or
+    /// when no file is pending. Files that are added meanwhile wait for the next press, so that they can be
+    /// labelled first. After a failure the files that have not arrived are pending still.
+    QCoro::Task<> uploadPendingFiles();
+
+    /// Whether there is a website that openUpload() would open.
+    static bool canOpen(const RemoteDocumentUpload& document);
+    /// Opens the document in the browser; one without a proper http or https address is left alone.
+    void openUpload(const RemoteDocumentUpload& document);
+
+    bool hasUnsentWork() const override { return !pendingUploads().isEmpty(); }
+
+signals:
+    /// The list was loaded anew.
+    void documentsChanged();
+
+private:
+    enum class Failures
+    {
+        shown,
+        hidden
+    };
+    QCoro::Task<> load(Failures failures);
+
+    qint64 sessionId_;
+    QList<RemoteDocumentUpload> documents_;
+    Turns loads_;
+    Turns uploads_;
+};

@@ -1,0 +1,68 @@
+#include "Sessions/SessionMessagesModel.h"
+
+#include "AppError.h"
+
+using namespace Qt::StringLiterals;
+
+SessionMessagesModel::SessionMessagesModel(const ScreenContext& context, qint64 sessionId)
+    : ScreenModel(context), sessionId_(sessionId), loads_(epoch()), sendings_(epoch())
+{ }
+
+void SessionMessagesModel::setMessages(QList<SessionMessage> messages)
+{
+    if (messages == messages_)
+        return;
+    messages_ = std::move(messages);
+    emit messagesChanged();
+}
+
+QCoro::Task<> SessionMessagesModel::loadMessages()
+{
+    const auto self = keep(this);
+    const std::optional<AuthUser> user = signedInUser();
+    if (!user)
+        co_return;
+    const Turn turn = loads_.next();
+    try {
+        QList<SessionMessage> loaded = co_await api().getSessionMessages(sessionId_, user->idToken);
+        if (!turn.isOver())
+            setMessages(std::move(loaded));
+    } catch (const AppError& error) {
+        fail(turn, u"Cannot Load Messages"_s, error);
+    }
+}
+
+QCoro::Task<> SessionMessagesModel::sendMessage()
+{
+    const auto self = keep(this);
+    const std::optional<AuthUser> user = signedInUser();
+    if (!user)
+        co_return;
+    const QString written = newMessage.value();
+    if (isSending.value() || written.trimmed().isEmpty())
+        co_return;
+    const Turn turn = sendings_.next();
+    isSending = true;
+    bool hasArrived = false;
+    try {
+        co_await api().addSessionMessage(sessionId_, written.trimmed(), user->idToken);
+        hasArrived = !turn.isOver();
+    } catch (const AppError& error) {
+        fail(turn, u"Cannot Send Message"_s, error);
+    }
+    if (hasArrived)
+        clearSent(written);
+    isSending = false;
+    if (hasArrived)
+        co_await loadMessages();
+}
+
+/// A draft that was rewritten in the meantime stays as it is: better said twice than lost.
+void SessionMessagesModel::clearSent(const QString& sent)
+{
+    const QString now = newMessage.value();
+    if (now.startsWith(sent))
+        newMessage = now.sliced(sent.size());
+    else if (now.endsWith(sent))
+        newMessage = now.chopped(sent.size());
+}

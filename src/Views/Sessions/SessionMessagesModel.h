@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Screen/ScreenModel.h"
+#include "SessionMessage.h"
+
+/// The message thread of one session, and the message that the person is writing.
+///
+/// Every failure becomes this model's own alert, which its card shows.
+class SessionMessagesModel : public ScreenModel
+{
+    Q_OBJECT
+
+public:
+    SessionMessagesModel(const ScreenContext& context, qint64 sessionId);
+
+    /// What is being written, as typed.
+    QProperty<QString> newMessage;
+    QProperty<bool> isSending{false};
+
+    /// In the order received: the newest last.
+    const QList<SessionMessage>& messages() const { return messages_; }
+    /// Takes over a thread that somebody else has loaded.
+    void setMessages(QList<SessionMessage> messages);
+
+    /// The newest load wins; a failed one leaves the thread as it was.
+    QCoro::Task<> loadMessages();
+    /// Sends what is written, trimmed, and loads the thread again. Nothing happens while a message is on its
+    /// way, or when there is nothing to send. What is sent leaves the draft once it has arrived; whatever was
+    /// typed behind it in the meantime stays.
+    QCoro::Task<> sendMessage();
+
+    bool hasUnsentWork() const override { return !newMessage.value().trimmed().isEmpty(); }
+
+signals:
+    /// The thread is another than before.
+    void messagesChanged();
+
+private:
+    void clearSent(const QString& sent);
+
+    qint64 sessionId_;
+    QList<SessionMessage> messages_;
+    Turns loads_;
+    Turns sendings_;
+};

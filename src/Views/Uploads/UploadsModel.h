@@ -1,0 +1,51 @@
+#pragma once
+
+#include "DesktopUploadDraft.h"
+#include "Screen/ScreenModel.h"
+
+/// The model of a screen on which files are attached that go into a session: the files that wait for their
+/// upload, and sending them, one after another and one request each.
+class UploadsModel : public ScreenModel
+{
+    Q_OBJECT
+
+public:
+    using ScreenModel::ScreenModel;
+
+    QProperty<bool> isDropTarget{false};
+    QProperty<QString> uploadProgressText;
+    /// Bytes sent of all files of an upload together, 0 to 1.
+    QProperty<double> uploadProgress{0};
+
+    const QList<DesktopUploadDraft>& pendingUploads() const { return pendingUploads_; }
+    /// Appends a draft for each file that has none yet.
+    void addUploads(const QList<QUrl>& files);
+    void setUploadLabel(const QUuid& id, const QString& label);
+    void setUploadCategory(const QUuid& id, const QString& category);
+    void removeUpload(const QUuid& id);
+    void clearUploads();
+
+signals:
+    /// Files were attached or removed.
+    void uploadsChanged();
+
+protected:
+    /// Drafts whose files have arrived in the session.
+    using SentUploads = std::shared_ptr<QList<QUuid>>;
+
+    /// Sends the files that are pending now, but not those in `sent`, and notes there each one that arrived.
+    /// A file that is taken off the list before its turn is not sent, one that is added meanwhile neither.
+    /// Ends early when the turn is over: nothing more is sent in the name of somebody who has left.
+    /// \throws AppError at the first file that cannot be read or sent
+    QCoro::Task<> sendUploads(qint64 sessionId, SentUploads sent, Turn turn, QString token);
+    void removeUploads(const QList<QUuid>& ids);
+    /// Shows it only while the turn counts.
+    void showUploadProgress(const Turn& turn, const QString& text, double done);
+
+private:
+    DesktopUploadDraft* findUpload(const QUuid& id);
+    QCoro::Task<> sendUpload(
+        DesktopUploadDraft draft, qint64 sessionId, Request::Progress progress, QString token);
+
+    QList<DesktopUploadDraft> pendingUploads_;
+};
