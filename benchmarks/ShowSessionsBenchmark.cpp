@@ -75,7 +75,8 @@ struct SignedIn
     FakeWebSession session;
     Backend backend{session, notifications, epoch, config};
     AuthManager auth{backend, defaults};
-    ScreenContext context{auth, router, opens, backend};
+    LeaveGuard leaving;
+    ScreenContext context{auth, router, opens, backend, leaving};
 };
 
 /// From the answer's arrival until the list with its first rows is painted.

@@ -16,7 +16,7 @@ QuorvelMacApp::QuorvelMacApp()
       systemOpen_(std::make_unique<DesktopSystemOpen>()),
       session_(std::make_unique<CurlWebSession>()), backend_{*session_, NotificationCenter::shared(), epoch_,
                                                         config_},
-      auth_(backend_, *defaults_), context_{auth_, AppRouter::shared(), *systemOpen_, backend_},
+      auth_(backend_, *defaults_), context_{auth_, AppRouter::shared(), *systemOpen_, backend_, leaving_},
       appearance_(*defaults_, *systemAppearance_), mainWindowModel_(context_)
 {
     QApplication::setQuitOnLastWindowClosed(false);

@@ -37,6 +37,7 @@ private:
     SignInEpoch epoch_;
     const Backend backend_;
     AuthManager auth_;
+    LeaveGuard leaving_;
     const ScreenContext context_;
     AppearanceModel appearance_;
     MainWindowModel mainWindowModel_;

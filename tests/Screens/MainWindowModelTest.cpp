@@ -243,6 +243,107 @@ TEST_F(MainWindowModelTest, SelectingASectionKeepsTheSelectedSessionAndAnnounces
     EXPECT_EQ(screenChanges, 1) << "the screen shown is not made anew";
 }
 
+/// A screen with unsaved edits, in the sessions section, of somebody who is a notary and an admin.
+class MainWindowLeavingTest : public MainWindowModelTest
+{
+protected:
+    MainWindowLeavingTest()
+    {
+        signIn(account(u"both"_s, {AppRole::notary, AppRole::admin}), AppRole::admin);
+        model.select(AppSection::sessions);
+        leaving.watch(&screen, [] { return LeaveGuard::Unfinished::edits; });
+        sidebarChanges = 0;
+        screenChanges = 0;
+    }
+
+    bool isAsking() const { return leaving.question.value().has_value(); }
+
+    QObject screen;
+};
+
+TEST_F(MainWindowLeavingTest, AnotherSectionWaitsForTheAnswer)
+{
+    router.open(AppSection::book);
+    EXPECT_TRUE(isAsking());
+    EXPECT_EQ(model.selectedSection(), AppSection::sessions);
+    EXPECT_EQ(model.windowTitle(), u"Sessions"_s);
+    EXPECT_EQ(screenChanges, 0);
+    EXPECT_EQ(sidebarChanges, 1) << "the entry that was clicked is not the selected one";
+
+    leaving.answer(true);
+    EXPECT_EQ(model.selectedSection(), AppSection::book);
+    EXPECT_EQ(screenChanges, 1);
+    model.select(AppSection::settings);
+    EXPECT_EQ(model.selectedSection(), AppSection::settings)
+        << "the screen that was left has no say any more";
+}
+
+TEST_F(MainWindowLeavingTest, WhoStaysStaysWhereTheyWere)
+{
+    model.select(AppSection::book);
+    leaving.answer(false);
+    EXPECT_EQ(router.selectedSection.value(), AppSection::sessions);
+    EXPECT_EQ(model.selectedSection(), AppSection::sessions);
+    EXPECT_EQ(screenChanges, 0);
+    EXPECT_FALSE(isAsking());
+    model.select(AppSection::book);
+    EXPECT_TRUE(isAsking()) << "and is asked again";
+}
+
+TEST_F(MainWindowLeavingTest, TheSectionAskedForLastIsTheOneToGoTo)
+{
+    model.select(AppSection::book);
+    model.select(AppSection::settings);
+    leaving.answer(true);
+    EXPECT_EQ(model.selectedSection(), AppSection::settings);
+    EXPECT_EQ(screenChanges, 1);
+}
+
+TEST_F(MainWindowLeavingTest, ComingBackWithdrawsTheQuestion)
+{
+    model.select(AppSection::book);
+    model.select(AppSection::sessions);
+    EXPECT_FALSE(isAsking());
+    EXPECT_EQ(screenChanges, 0);
+}
+
+TEST_F(MainWindowLeavingTest, AnotherRoleWaitsForTheAnswer)
+{
+    model.switchRole(AppRole::notary);
+    EXPECT_TRUE(isAsking());
+    EXPECT_EQ(auth.role(), AppRole::admin);
+    leaving.answer(false);
+    EXPECT_EQ(auth.role(), AppRole::admin);
+    EXPECT_GE(sidebarChanges, 1) << "the picker shows the active role again";
+    model.switchRole(AppRole::notary);
+    leaving.answer(true);
+    EXPECT_EQ(auth.role(), AppRole::notary);
+}
+
+TEST_F(MainWindowLeavingTest, TheRoleThatIsActiveIsNothingToAskAbout)
+{
+    model.switchRole(AppRole::admin);
+    EXPECT_FALSE(isAsking());
+}
+
+TEST_F(MainWindowLeavingTest, ASignOutAsksNothingAndEndsTheQuestion)
+{
+    model.select(AppSection::dashboard);
+    auth.signOut();
+    EXPECT_FALSE(isAsking());
+    EXPECT_EQ(model.selectedSection(), AppSection::dashboard) << "where the person wanted to go";
+    EXPECT_EQ(model.gate(), Gate::open);
+    EXPECT_EQ(screenChanges, 1);
+}
+
+TEST_F(MainWindowLeavingTest, AfterASignOutNothingIsLeftToLose)
+{
+    auth.signOut();
+    model.select(AppSection::dashboard);
+    EXPECT_FALSE(isAsking());
+    EXPECT_EQ(model.selectedSection(), AppSection::dashboard);
+}
+
 TEST_F(MainWindowModelTest, TitlesTheWindowAfterTheSection)
 {
     for (const AppSection section : allAppSections) {

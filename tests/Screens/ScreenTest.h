@@ -69,7 +69,8 @@ protected:
     std::unique_ptr<FakeWebSession> webSession = std::make_unique<FakeWebSession>();
     Backend backend{*webSession, notifications, epoch, config};
     AuthManager auth{backend, defaults};
+    LeaveGuard leaving;
     /// What the screens take for the current moment.
     QDateTime now = QDateTime::fromString(QStringLiteral("2025-06-02T12:00:00Z"), Qt::ISODate);
-    ScreenContext context{auth, router, systemOpen, backend, [this] { return now; }};
+    ScreenContext context{auth, router, systemOpen, backend, leaving, [this] { return now; }};
 };

@@ -2,6 +2,7 @@
 
 #include "AppRouter.h"
 #include "AuthManager.h"
+#include "Screen/LeaveGuard.h"
 #include "SystemOpen.h"
 
 #include <QDateTime>
@@ -15,6 +16,8 @@ struct ScreenContext
     AppRouter& router;
     SystemOpen& systemOpen;
     Backend backend;
+    /// Asked before whatever is unfinished on a screen is left behind.
+    LeaveGuard& leaving;
     /// The current moment; tests bring their own.
     std::function<QDateTime()> now = [] { return QDateTime::currentDateTimeUtc(); };
 };

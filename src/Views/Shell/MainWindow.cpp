@@ -4,6 +4,7 @@
 #include "Account/SettingsContentView.h"
 #include "Booking/BookRemoteNotaryView.h"
 #include "Components/EmptyStateView.h"
+#include "QuestionPresenter.h"
 #include "Sessions/SessionsView.h"
 #include "Shell/ContentPane.h"
 #include "Shell/DashboardHomeView.h"
@@ -45,6 +46,8 @@ MainWindow::MainWindow(MainWindowModel& model, AppearanceModel& appearance)
 
     connect(&model_, &MainWindowModel::sidebarChanged, this, &MainWindow::fitSidebar);
     connect(&model_, &MainWindowModel::screenChanged, this, &MainWindow::showScreen);
+    LeaveGuard& leaving = model_.context().leaving;
+    presentQuestions(this, leaving.question, [&leaving](bool leaves) { leaving.answer(leaves); });
     showScreen();
 }
 

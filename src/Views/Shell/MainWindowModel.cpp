@@ -4,15 +4,35 @@
 
 using namespace Qt::StringLiterals;
 
-MainWindowModel::MainWindowModel(const ScreenContext& context) : context_(context), lastGate_(gate())
+MainWindowModel::MainWindowModel(const ScreenContext& context)
+    : context_(context), shownSection_(context_.router.selectedSection.value()), lastGate_(gate())
 {
     onUser_ = context_.auth.user.addNotifier([this] { userChanged(); });
     onRole_ = context_.auth.activeRole.addNotifier([this] { emit sidebarChanged(); });
-    onSection_ = context_.router.selectedSection.addNotifier([this] {
-        lastGate_ = gate();
+    onSection_ = context_.router.selectedSection.addNotifier([this] { sectionChanged(); });
+}
+
+/// The router runs ahead of the window while the person is asked whether the screen may be left.
+void MainWindowModel::sectionChanged()
+{
+    if (context_.router.selectedSection.value() == shownSection_) {
+        context_.leaving.answer(false);
+        return;
+    }
+    const auto stay = [this] { context_.router.selectedSection = shownSection_; };
+    context_.leaving.leave([this] { showSection(); }, stay);
+    // The entry that was clicked takes itself for the selected one.
+    if (context_.leaving.question.value())
         emit sidebarChanged();
-        emit screenChanged();
-    });
+}
+
+void MainWindowModel::showSection()
+{
+    shownSection_ = context_.router.selectedSection.value();
+    lastGate_ = gate();
+    context_.leaving.forget();
+    emit sidebarChanged();
+    emit screenChanged();
 }
 
 void MainWindowModel::userChanged()
@@ -20,9 +40,9 @@ void MainWindowModel::userChanged()
     if (!context_.auth.isSignedIn())
         booking_.reset();
     emit sidebarChanged();
-    const Gate previous = std::exchange(lastGate_, gate());
-    if (lastGate_ != previous)
-        emit screenChanged();
+    // A screen that goes is not asked about any more, so the window catches up with the router.
+    if (gate() != lastGate_)
+        showSection();
 }
 
 MainWindowModel::Header MainWindowModel::header() const
@@ -48,11 +68,6 @@ QList<MainWindowModel::Group> MainWindowModel::groups() const
         groups += {u"Workspaces"_s, workspaces};
     groups += {u"Account"_s, {AppSection::settings}};
     return groups;
-}
-
-AppSection MainWindowModel::selectedSection() const
-{
-    return context_.router.selectedSection.value();
 }
 
 QString MainWindowModel::windowTitle() const
@@ -97,7 +112,10 @@ void MainWindowModel::select(AppSection section)
 
 void MainWindowModel::switchRole(AppRole role)
 {
-    context_.auth.switchRole(role);
+    if (role == context_.auth.role())
+        return;
+    context_.leaving.leave(
+        [this, role] { context_.auth.switchRole(role); }, [this] { emit sidebarChanged(); });
 }
 
 void MainWindowModel::appeared()

@@ -35,7 +35,8 @@ public:
     /// The roles to choose between; empty when there is nothing to choose.
     QList<AppRole> switchableRoles() const;
     QList<Group> groups() const;
-    AppSection selectedSection() const;
+    /// The section whose screen is shown. It follows the router once the screen in front may be left.
+    AppSection selectedSection() const { return shownSection_; }
     /// The title of the window.
     QString windowTitle() const;
     Gate gate() const;
@@ -46,6 +47,7 @@ public:
 
     /// Goes to a section and leaves a selected session as it is.
     void select(AppSection section);
+    /// Switches the role once the screen in front may be left.
     void switchRole(AppRole role);
     /// The window came up: the ID token is renewed.
     void appeared();
@@ -63,8 +65,11 @@ signals:
 
 private:
     void userChanged();
+    void sectionChanged();
+    void showSection();
 
     ScreenContext context_;
+    AppSection shownSection_;
     Gate lastGate_;
     std::shared_ptr<BookRemoteNotaryModel> booking_;
     QPropertyNotifier onUser_;

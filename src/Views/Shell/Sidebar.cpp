@@ -41,6 +41,9 @@ void Sidebar::update()
         rebuild();
     for (const auto& [section, entry] : entries_)
         entry->setChecked(section == model_.selectedSection());
+    // A role that was chosen and not switched to after all.
+    if (rolePicker_)
+        rolePicker_->setValue(rawValue(model_.context().auth.role()));
 }
 
 Sidebar::Audience Sidebar::audience() const
