@@ -14,7 +14,7 @@ protected:
     QList<QString> actions() const
     {
         QList<QString> actions;
-        for (const DashboardHomeModel::QuickAction& action : model.quickActions())
+        for (const Shortcut& action : model.quickActions())
             actions += action.title + u" ("_s + action.systemImage + (action.isPrimary ? u")!"_s : u")"_s);
         return actions;
     }
@@ -67,7 +67,7 @@ TEST_F(DashboardHomeModelTest, ActionsOpenTheirSectionWithNoSessionSelected)
     signIn(account(u"someone"_s, {AppRole::notary, AppRole::admin}));
     const QList<AppSection> sections{
         AppSection::book, AppSection::sessions, AppSection::adminRecords, AppSection::notaryDashboard};
-    const QList<DashboardHomeModel::QuickAction> quickActions = model.quickActions();
+    const QList<Shortcut> quickActions = model.quickActions();
     ASSERT_EQ(quickActions.size(), sections.size() + 1);
     int announcements = 0;
     QObject::connect(&notifications, &NotificationCenter::posted, &notifications, [&](const QString& name) {

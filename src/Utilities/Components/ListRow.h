@@ -11,7 +11,7 @@ struct ListRow
     bool hasPill = false; ///< shows the pill also for an empty status
     QStringList lines = {}; ///< under the title
     QString metaSymbol = {}; ///< before the meta line
-    QString meta = {}; ///< the last line, set a little apart
+    QString meta = {}; ///< the last line; set a little apart where the list has a meta line
     QString chip = {}; ///< symbol of the chip before the texts
     QString trailing = {}; ///< a word at the trailing end of the last line
 

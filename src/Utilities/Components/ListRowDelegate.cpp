@@ -17,8 +17,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int across = 10;
 constexpr int between = 2;
+constexpr int dividerHeight = 1;
 constexpr int metaGap = 4;
 constexpr int textGap = 10;
 constexpr int chipGap = 12;
@@ -71,20 +71,26 @@ int ListRowDelegate::firstLineHeight() const
                        : Type::lineHeight(Type::strong);
 }
 
+int ListRowDelegate::rowGap() const
+{
+    return options_.onlyRead ? dividerHeight : between;
+}
+
 QSize ListRowDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const
 {
     int texts = firstLineHeight() + options_.textLines * Type::lineHeight(Type::small);
     if (options_.metaLine)
         texts += metaGap;
     const int content = options_.chip ? qMax(texts, Type::scaled(36)) : texts;
-    return {0, content + 2 * options_.padding + between};
+    return {0, content + 2 * options_.padding + rowGap()};
 }
 
 ListRowDelegate::Places ListRowDelegate::placesOf(const ListRow& row, const QRect& area) const
 {
     Places places;
-    places.row = area.adjusted(0, 0, 0, -between);
-    QRect inner = places.row.adjusted(across, options_.padding, -across, -options_.padding);
+    places.row = area.adjusted(0, 0, 0, -rowGap());
+    QRect inner = places.row.adjusted(
+        roomAcross, options_.padding, -roomAcross - options_.trailingRoom, -options_.padding);
     if (options_.chip) {
         const int edge = Type::scaled(36);
         places.chip = QRect(inner.left(), places.row.center().y() - edge / 2 + 1, edge, edge);
@@ -119,6 +125,12 @@ ListRowDelegate::Places ListRowDelegate::placesOf(const ListRow& row, const QRec
     return places;
 }
 
+void ListRowDelegate::paintDivider(QPainter& painter, const QRect& row) const
+{
+    const QRect line(row.left() + roomAcross, row.bottom() + 1, row.width() - 2 * roomAcross, dividerHeight);
+    painter.fillRect(line, Palette::color(Brand::line));
+}
+
 void ListRowDelegate::paint(
     QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
@@ -131,7 +143,11 @@ void ListRowDelegate::paint(
     painter->setLayoutDirection(option.direction);
     auto state = option.state;
     state.setFlag(QStyle::State_HasFocus, showsFocus_ && state & QStyle::State_HasFocus);
-    paintBackground(*painter, places.row, state);
+    const bool isLast = index.isValid() && index.row() == index.model()->rowCount() - 1;
+    if (!options_.onlyRead)
+        paintBackground(*painter, places.row, state);
+    else if (!isLast)
+        paintDivider(*painter, places.row);
     if (options_.chip)
         Chip::draw(*painter, visual(places.chip), row.chip,
             option.state & QStyle::State_Selected ? Chip::Look::plain : Chip::Look::soft);
@@ -160,7 +176,7 @@ void ListRowDelegate::paint(
             box.setLeft(icon.right() + 1 + 6);
             PlainText::draw(*painter, visual(box), row.meta, Type::small, steel);
         } else {
-            PlainText::draw(*painter, visual(box), row.lines.value(line), Type::small, steel);
+            PlainText::draw(*painter, visual(box), row.lines.value(line, row.meta), Type::small, steel);
         }
     }
     if (options_.chevron)

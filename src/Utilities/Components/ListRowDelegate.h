@@ -13,6 +13,9 @@ class ListRowDelegate : public QStyledItemDelegate
     Q_OBJECT
 
 public:
+    /// Between the edge of a row and what stands in it, in pixels.
+    static constexpr int roomAcross = 10;
+
     struct Options
     {
         int textLines = 2; ///< under the title, the meta line included
@@ -21,6 +24,8 @@ public:
         bool chevron = true;
         bool pillCentred = false; ///< beside all lines instead of beside the title
         int padding = 12; ///< above and below the texts
+        bool onlyRead = false; ///< a line between the rows, and neither highlights nor room between them
+        int trailingRoom = 0; ///< left free at the trailing end, for a control of its own
     };
     using Reader = std::function<ListRow(const QModelIndex&)>;
 
@@ -40,6 +45,9 @@ private:
     struct Places;
     Places placesOf(const ListRow& row, const QRect& area) const;
     int firstLineHeight() const;
+    /// Between the texts of a row and the next row.
+    int rowGap() const;
+    void paintDivider(QPainter& painter, const QRect& row) const;
 
     Reader reader_;
     Options options_;

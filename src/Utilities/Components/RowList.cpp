@@ -1,11 +1,14 @@
 #include "RowList.h"
 
 #include <QFocusEvent>
+#include <QScrollArea>
 #include <QScrollBar>
 
 namespace {
 
 constexpr int inset = 6;
+/// What the page shows above or below the current row, at least.
+constexpr int pageMargin = 8;
 
 } // namespace
 
@@ -26,6 +29,10 @@ RowList::RowList(const QString& label, ListRowDelegate::Reader reader,
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTabKeyNavigation(false);
+    if (options.onlyRead) {
+        setSelectionMode(NoSelection);
+        setFocusPolicy(Qt::NoFocus);
+    }
 }
 
 void RowList::setShowsAllRows(bool showsAll)
@@ -62,6 +69,28 @@ QSize RowList::sizeHint() const
 QSize RowList::minimumSizeHint() const
 {
     return showsAllRows_ ? QSize(120, sizeHint().height()) : QSize(120, 0);
+}
+
+/// The page that a widget scrolls with; null when there is none.
+static QScrollArea* pageOf(const QWidget* widget)
+{
+    for (QWidget* around = widget->parentWidget(); around; around = around->parentWidget()) {
+        if (auto* page = qobject_cast<QScrollArea*>(around))
+            return page;
+    }
+    return nullptr;
+}
+
+void RowList::scrollTo(const QModelIndex& index, ScrollHint hint)
+{
+    if (!showsAllRows_)
+        return QListView::scrollTo(index, hint);
+    QScrollArea* page = hasFocus() ? pageOf(this) : nullptr;
+    if (!page)
+        return;
+    const QRect row = visualRect(index);
+    const QPoint middle = viewport()->mapTo(page->widget(), row.center());
+    page->ensureVisible(middle.x(), middle.y(), 0, row.height() / 2 + pageMargin);
 }
 
 void RowList::focusInEvent(QFocusEvent* event)

@@ -3,7 +3,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
-static ListRow listRow(const QModelIndex& index)
+ListRow listRow(const QModelIndex& index)
 {
     ListRow row;
     row.title = index.data(RowListModel::TitleRole).toString();
@@ -14,15 +14,16 @@ static ListRow listRow(const QModelIndex& index)
     return row;
 }
 
-static ListRowDelegate::Options shape()
+ListRowDelegate::Options recordRows()
 {
     ListRowDelegate::Options options;
     options.metaLine = true;
     return options;
 }
 
-RowListView::RowListView(const QString& name, RowListModel& rows, QWidget* parent)
-    : RowList(name, listRow, shape(), parent), rows_(rows)
+RowListView::RowListView(
+    const QString& name, RowListModel& rows, const ListRowDelegate::Options& shape, QWidget* parent)
+    : RowList(name, listRow, shape, parent), rows_(rows)
 {
     setModel(&rows_);
     // The selection forgets everything at a reset, and hears of it later than the view itself.

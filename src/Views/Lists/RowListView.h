@@ -3,6 +3,12 @@
 #include "Components/RowList.h"
 #include "Screen/RowListModel.h"
 
+/// What a list draws for a row of a RowListModel.
+ListRow listRow(const QModelIndex& index);
+
+/// The shape of the rows beside a detail: three lines, the last with a symbol, the status and a chevron.
+ListRowDelegate::Options recordRows();
+
 /// A list of rows of which one is selected. The selection is the screen model's: the view asks for another
 /// row when the person clicks or moves to it, and shows what it is told, whatever rows come and go.
 class RowListView : public RowList
@@ -12,7 +18,8 @@ class RowListView : public RowList
 public:
     /// \param name  what assistive technology calls the list
     /// The rows must outlive the view.
-    RowListView(const QString& name, RowListModel& rows, QWidget* parent = nullptr);
+    RowListView(const QString& name, RowListModel& rows, const ListRowDelegate::Options& shape = recordRows(),
+        QWidget* parent = nullptr);
 
     /// Shows the row of this record as the selected one; no row when it is not among those shown.
     void setSelectedId(std::optional<qint64> id);

@@ -11,6 +11,7 @@
 #include "Lists/ListDetailView.h"
 #include "Lists/RowListView.h"
 #include "Page.h"
+#include "RefreshKeys.h"
 #include "Sessions/SessionSummaryCard.h"
 
 #include <QShortcut>
@@ -56,8 +57,7 @@ void SessionsView::addStatusPicker()
 
 void SessionsView::addShortcuts()
 {
-    for (const QKeySequence& keys : {QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL | Qt::Key_R)})
-        connect(new QShortcut(keys, this), &QShortcut::activated, this, &SessionsView::load);
+    onRefreshKeys(this, [this] { load(); });
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
         lists_->searchField()->setFocus(Qt::ShortcutFocusReason);
         lists_->searchField()->selectAll();

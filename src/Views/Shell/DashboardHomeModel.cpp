@@ -32,10 +32,10 @@ QString DashboardHomeModel::activeRoleLine() const
     return u"Active role: "_s + title(role());
 }
 
-QList<DashboardHomeModel::QuickAction> DashboardHomeModel::quickActions() const
+QList<Shortcut> DashboardHomeModel::quickActions() const
 {
     const QList<AppRole> roles = context_.auth.availableRoles();
-    QList<QuickAction> actions;
+    QList<Shortcut> actions;
     actions += {u"Book Remote Notary"_s, u"calendar.badge.plus"_s, AppSection::book, true};
     actions += {u"Sessions"_s, u"doc.text.magnifyingglass"_s, AppSection::sessions, false};
     if (roles.contains(AppRole::admin))
@@ -46,7 +46,7 @@ QList<DashboardHomeModel::QuickAction> DashboardHomeModel::quickActions() const
     return actions;
 }
 
-void DashboardHomeModel::run(const QuickAction& action)
+void DashboardHomeModel::run(const Shortcut& action)
 {
     if (action.section)
         context_.router.open(*action.section);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Screen/ScreenContext.h"
+#include "Screen/Shortcut.h"
 
 /// The landing screen: who is signed in, shortcuts, and what the program can do.
 class DashboardHomeModel
@@ -8,13 +9,6 @@ class DashboardHomeModel
 public:
     explicit DashboardHomeModel(const ScreenContext& context) : context_(context) { }
 
-    struct QuickAction
-    {
-        QString title;
-        QString systemImage;
-        std::optional<AppSection> section; ///< where it leads; nothing for the website
-        bool isPrimary = false;
-    };
     struct Feature
     {
         QString systemImage;
@@ -31,9 +25,10 @@ public:
     AppRole role() const { return context_.auth.role(); }
     /// "Active role: Notary"
     QString activeRoleLine() const;
-    QList<QuickAction> quickActions() const;
+    /// The one without a section opens the website.
+    QList<Shortcut> quickActions() const;
 
-    void run(const QuickAction& action);
+    void run(const Shortcut& action);
     void signOut() { context_.auth.signOut(); }
 
     const ScreenContext& context() const { return context_; }

@@ -5,8 +5,8 @@
 #include "Components/Chip.h"
 #include "Components/FeatureLine.h"
 #include "Components/PlainLabel.h"
-#include "Components/PrimaryButton.h"
 #include "Components/SecondaryButton.h"
+#include "Dashboards/ShortcutRow.h"
 #include "Layouts.h"
 
 #include <QGridLayout>
@@ -72,18 +72,9 @@ void DashboardHomeView::addSignedInCard()
 
 void DashboardHomeView::addQuickActions()
 {
-    auto* row = Layouts::row(Spacing::buttons);
-    for (const DashboardHomeModel::QuickAction& action : model_.quickActions()) {
-        Button* button = nullptr;
-        if (action.isPrimary)
-            button = new PrimaryButton(action.title, action.systemImage);
-        else
-            button = new SecondaryButton(action.title, action.systemImage);
-        connect(button, &Button::clicked, this, [this, action] { model_.run(action); });
-        row->addWidget(button);
-    }
-    row->addStretch();
-    column()->addLayout(row);
+    auto* row = new ShortcutRow(model_.quickActions());
+    connect(row, &ShortcutRow::chosen, this, [this](const Shortcut& action) { model_.run(action); });
+    column()->addWidget(row);
 }
 
 void DashboardHomeView::addFeatures()

@@ -4,6 +4,9 @@
 #include "Account/SettingsContentView.h"
 #include "Booking/BookRemoteNotaryView.h"
 #include "Components/EmptyStateView.h"
+#include "Dashboards/AdminDashboardView.h"
+#include "Dashboards/BusinessDashboardView.h"
+#include "Dashboards/NotaryDashboardView.h"
 #include "QuestionPresenter.h"
 #include "Sessions/SessionsView.h"
 #include "Shell/ContentPane.h"
@@ -131,8 +134,11 @@ QWidget* MainWindow::makeSectionScreen()
     case AppSection::settings:
         return new SettingsContentView(std::make_shared<SettingsContentModel>(context, appearance_));
     case AppSection::businessDashboard:
+        return new BusinessDashboardView(std::make_shared<BusinessDashboardModel>(context));
     case AppSection::notaryDashboard:
+        return new NotaryDashboardView(std::make_shared<NotaryDashboardModel>(context));
     case AppSection::adminDashboard:
+        return new AdminDashboardView(std::make_shared<AdminDashboardModel>(context));
     case AppSection::adminRecords:
     case AppSection::adminUsers:
     case AppSection::adminNotaries:
