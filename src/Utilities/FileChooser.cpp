@@ -32,11 +32,14 @@ private:
 class Chooser : public QObject
 {
 public:
-    Chooser(QWidget* over, const std::function<void(QList<QUrl>)>& chosen) : QObject(over)
+    Chooser(QWidget* over, const FileChooser::Texts& texts, const std::function<void(QList<QUrl>)>& chosen)
+        : QObject(over)
     {
         const NothingRemembered now;
-        dialog_ = new QFileDialog(over, u"Choose Files"_s, QDir::homePath());
+        dialog_ = new QFileDialog(over, texts.title, QDir::homePath());
         dialog_->setFileMode(QFileDialog::ExistingFiles);
+        if (!texts.confirm.isEmpty())
+            dialog_->setLabelText(QFileDialog::Accept, texts.confirm);
         // Qt's own dialog, unlike a desktop's, emits filesSelected but not urlsSelected.
         connect(dialog_, &QFileDialog::accepted, this, [this, chosen] { chosen(dialog_->selectedUrls()); });
         connect(dialog_, &QFileDialog::finished, this, &QObject::deleteLater);
@@ -55,7 +58,7 @@ private:
 
 } // namespace
 
-void FileChooser::open(QWidget* over, std::function<void(QList<QUrl>)> chosen)
+void FileChooser::open(QWidget* over, const Texts& texts, std::function<void(QList<QUrl>)> chosen)
 {
-    (new Chooser(over, chosen))->open();
+    (new Chooser(over, texts, chosen))->open();
 }

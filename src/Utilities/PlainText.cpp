@@ -29,12 +29,12 @@ bool isLineBreak(QChar character)
     return character == u'\n' || character == QChar::ParagraphSeparator || character == QChar::LineSeparator;
 }
 
-QString withBreaks(QString text)
+QString withBreaks(QString text, QChar lineBreak)
 {
     text.replace(u"\r\n"_s, u"\n"_s);
     for (auto& character : text) {
         if (isLineBreak(character) || character == u'\r')
-            character = QChar::LineSeparator;
+            character = lineBreak;
         else if (character.category() == QChar::Other_Control)
             character = u' ';
     }
@@ -51,6 +51,11 @@ QString singleLine(const QString& text)
             character = u' ';
     }
     return line;
+}
+
+QString printable(const QString& text)
+{
+    return withBreaks(text, u'\n');
 }
 
 QString elided(const QString& text, const Type::Style& style, int width)
@@ -86,7 +91,7 @@ void draw(QPainter& painter, const QRectF& box, const QString& text, const Type:
 }
 
 Paragraph::Paragraph(const QString& text, const Type::Style& style, int width)
-    : layout_(withBreaks(cut(text, longestParagraph)), Type::font(style)), style_(style)
+    : layout_(withBreaks(cut(text, longestParagraph), QChar::LineSeparator), Type::font(style)), style_(style)
 {
     QTextOption option;
     option.setWrapMode(width < 0 ? QTextOption::ManualWrap : QTextOption::WrapAtWordBoundaryOrAnywhere);

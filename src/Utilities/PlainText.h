@@ -15,6 +15,8 @@ namespace PlainText {
 /// The text on one line: line breaks and control characters become blanks, and what is longer than any line
 /// on screen is cut.
 QString singleLine(const QString& text);
+/// The text with its line breaks, written as '\n', and no other control characters.
+QString printable(const QString& text);
 /// The single line, ending in "…" when it is wider than `width`.
 QString elided(const QString& text, const Type::Style& style, int width);
 /// Width of the single line.

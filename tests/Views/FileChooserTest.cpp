@@ -37,9 +37,9 @@ protected:
             qputenv("XDG_CONFIG_HOME", previousConfig_);
     }
 
-    QFileDialog* open()
+    QFileDialog* open(const FileChooser::Texts& texts = {u"Choose Files"_s, {}})
     {
-        FileChooser::open(over.get(), [this](const QList<QUrl>& files) { chosen += files; });
+        FileChooser::open(over.get(), texts, [this](const QList<QUrl>& files) { chosen += files; });
         settle();
         return over->findChild<QFileDialog*>();
     }
@@ -72,6 +72,15 @@ TEST_F(FileChooserTest, HandsOnTheChosenFilesAndRemembersNothing)
     EXPECT_EQ(chosen, QList<QUrl>{QUrl::fromLocalFile(folder.filePath(u"deed.pdf"_s))});
     EXPECT_FALSE(dialog);
     EXPECT_FALSE(wroteSettings());
+}
+
+TEST_F(FileChooserTest, SaysWhatTheFilesAreFor)
+{
+    const QFileDialog* dialog = open({u"Choose Files for This Session"_s, u"Add Files"_s});
+    ASSERT_TRUE(dialog);
+    EXPECT_EQ(dialog->windowTitle(), u"Choose Files for This Session"_s);
+    EXPECT_EQ(dialog->labelText(QFileDialog::Accept), u"Add Files"_s);
+    EXPECT_EQ(dialog->fileMode(), QFileDialog::ExistingFiles);
 }
 
 TEST_F(FileChooserTest, CancellingChoosesNothing)

@@ -1,12 +1,22 @@
 #include "ScrollPage.h"
 
-ScrollPage::ScrollPage(QWidget* content, QWidget* parent) : QScrollArea(parent)
+ScrollPage::ScrollPage()
 {
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWidgetResizable(true);
     setFocusPolicy(Qt::NoFocus);
-    setWidget(content);
     viewport()->setAutoFillBackground(false);
+}
+
+ScrollPage::ScrollPage(QWidget* content, QWidget* parent) : ScrollPage()
+{
+    setParent(parent);
+    setContent(content);
+}
+
+void ScrollPage::setContent(QWidget* content)
+{
+    setWidget(content);
     content->setAutoFillBackground(false);
 }

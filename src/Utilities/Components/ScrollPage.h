@@ -12,4 +12,9 @@ public:
     explicit ScrollPage(QWidget* content, QWidget* parent = nullptr);
 
     QSize minimumSizeHint() const override { return {}; }
+
+protected:
+    /// For a page whose content has to know it.
+    ScrollPage();
+    void setContent(QWidget* content);
 };

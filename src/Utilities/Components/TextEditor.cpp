@@ -3,8 +3,11 @@
 #include "Paint.h"
 #include "Spacing.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QPainter>
 #include <QPlainTextEdit>
+
+#include <algorithm>
 
 namespace {
 
@@ -21,11 +24,23 @@ public:
         viewport()->setAutoFillBackground(false);
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         setFixedHeight(Type::scaled(height));
-        // The document has a margin of its own.
-        const int ownMargin = qRound(document()->documentMargin());
-        const int across = Spacing::fieldPadding + 1 - ownMargin;
         constexpr int down = 11;
-        setViewportMargins(across, down - ownMargin, across, down - ownMargin);
+        setPadding(down);
+    }
+
+    void setGrowing(int mostLines)
+    {
+        const int lineHeight = fontMetrics().lineSpacing();
+        const int padding = (Height::control() - lineHeight) / 2;
+        setPadding(padding);
+        const auto fit = [this, lineHeight, padding, mostLines] {
+            // The layout of a plain text counts in lines.
+            const int lines = static_cast<int>(document()->size().height());
+            setFixedHeight(2 * padding + lineHeight * std::clamp(lines, 1, mostLines));
+        };
+        const auto* layout = document()->documentLayout();
+        connect(layout, &QAbstractTextDocumentLayout::documentSizeChanged, this, fit);
+        fit();
     }
 
 protected:
@@ -58,6 +73,15 @@ protected:
         QPlainTextEdit::focusOutEvent(event);
         update();
     }
+
+private:
+    void setPadding(int down)
+    {
+        // The document has a margin of its own.
+        const int ownMargin = qRound(document()->documentMargin());
+        const int across = Spacing::fieldPadding + 1 - ownMargin;
+        setViewportMargins(across, down - ownMargin, across, down - ownMargin);
+    }
 };
 
 } // namespace
@@ -77,8 +101,39 @@ QString TextEditor::text() const
     return edit_->toPlainText();
 }
 
+namespace {
+
+/// How many characters two texts share at their beginnings, none of them half of a pair.
+qsizetype sharedStart(QStringView a, QStringView b)
+{
+    const qsizetype same = std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first - a.begin();
+    return same > 0 && a.at(same - 1).isHighSurrogate() ? same - 1 : same;
+}
+
+qsizetype sharedEnd(QStringView a, QStringView b)
+{
+    const qsizetype same = std::mismatch(a.rbegin(), a.rend(), b.rbegin(), b.rend()).first - a.rbegin();
+    return same > 0 && a.at(a.size() - same).isLowSurrogate() ? same - 1 : same;
+}
+
+} // namespace
+
+/// Only what differs is exchanged, so that the cursor stays where the person is typing.
 void TextEditor::setText(const QString& text)
 {
-    if (text != edit_->toPlainText())
-        edit_->setPlainText(text);
+    const QString old = edit_->toPlainText();
+    if (text == old)
+        return;
+    const qsizetype start = sharedStart(old, text);
+    const qsizetype end = sharedEnd(QStringView(old).sliced(start), QStringView(text).sliced(start));
+    QTextCursor changed(edit_->document());
+    changed.setPosition(static_cast<int>(start));
+    changed.setPosition(static_cast<int>(old.size() - end), QTextCursor::KeepAnchor);
+    changed.insertText(text.sliced(start, text.size() - start - end));
+    edit_->document()->clearUndoRedoStacks();
+}
+
+void TextEditor::setGrowing(int mostLines)
+{
+    static_cast<EditorBox*>(edit_)->setGrowing(mostLines);
 }

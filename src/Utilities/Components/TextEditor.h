@@ -21,6 +21,9 @@ public:
     QString value() const { return text(); }
     void setValue(const QString& text) { setText(text); }
 
+    /// Lets the box begin with one line and grow with its text up to so many lines; more than these scroll.
+    void setGrowing(int mostLines);
+
     QPlainTextEdit* edit() const { return edit_; }
 
 signals:

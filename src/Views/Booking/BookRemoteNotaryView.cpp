@@ -12,27 +12,22 @@
 #include "Spacing.h"
 
 #include <QApplication>
-#include <QFileInfo>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
-/// A directory, a pipe or a device among the addresses is passed over: only regular files can be sent.
-static void attach(BookRemoteNotaryModel& model, const QList<QUrl>& files)
+static void chooseBookingFiles(QWidget* over, std::function<void(QList<QUrl>)> chosen)
 {
-    QList<QUrl> regular;
-    std::copy_if(files.begin(), files.end(), std::back_inserter(regular),
-        [](const QUrl& file) { return QFileInfo(file.toLocalFile()).isFile(); });
-    model.addBookingFileURLs(regular);
+    const FileChooser::Texts texts{u"Choose Files"_s, {}};
+    FileChooser::open(over, texts, std::move(chosen));
 }
 
 BookRemoteNotaryView::BookRemoteNotaryView(std::shared_ptr<BookRemoteNotaryModel> model, QWidget* parent)
-    : QWidget(parent), chooseFiles(FileChooser::open), model_(std::move(model)),
+    : QWidget(parent), chooseFiles(chooseBookingFiles), model_(std::move(model)),
       page_(new Page(BookingForm::widest, this)),
       hero_(new WorkspaceHero(u"Remote Notary"_s, u"Book a Session"_s, model_->heroSubtitle())),
       form_(new BookingForm(*model_, *page_)), success_(new SuccessCard)
@@ -47,10 +42,10 @@ BookRemoteNotaryView::BookRemoteNotaryView(std::shared_ptr<BookRemoteNotaryModel
         [this](const std::optional<AuthUser>&) { hero_->setSubtitle(model_->heroSubtitle()); });
     follow(this, model_->successMessage, [this](const std::optional<QString>&) { showFormOrSuccess(); });
 
-    connect(form_, &BookingForm::filesWanted, this,
-        [this] { chooseFiles(this, [model = model_](const QList<QUrl>& files) { attach(*model, files); }); });
-    connect(form_, &BookingForm::filesDropped, this,
-        [this](const QList<QUrl>& files) { attach(*model_, files); });
+    connect(form_, &BookingForm::filesWanted, this, [this] {
+        chooseFiles(this, [model = model_](const QList<QUrl>& files) { model->addRegularFiles(files); });
+    });
+    connect(form_, &BookingForm::filesDropped, model_.get(), &UploadsModel::addRegularFiles);
     connect(success_, &SuccessCard::sessionsWanted, this, [this] { model_->viewSessions(); });
     connect(success_, &SuccessCard::anotherWanted, this, [this] { model_->bookAnother(); });
 }

@@ -2,10 +2,10 @@
 
 #include "Booking/BookRemoteNotaryModel.h"
 #include "Booking/SignerBlock.h"
-#include "Booking/TabOrder.h"
 #include "Components/SecondaryButton.h"
 #include "Components/SectionTitle.h"
 #include "Layouts.h"
+#include "TabOrder.h"
 
 using namespace Qt::StringLiterals;
 

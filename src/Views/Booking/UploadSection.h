@@ -5,7 +5,6 @@
 #include <QUrl>
 
 class BookRemoteNotaryModel;
-class PendingFileList;
 class QScrollArea;
 class SecondaryButton;
 
@@ -24,13 +23,5 @@ signals:
     void filesDropped(const QList<QUrl>& files);
 
 private:
-    QWidget* makeDropArea();
-    QWidget* makeAttached(QScrollArea& page);
-    QWidget* makeProgress();
-    void showAttached();
-
-    BookRemoteNotaryModel& model_;
-    SecondaryButton* choose_ = nullptr;
-    QWidget* attached_ = nullptr;
-    PendingFileList* files_ = nullptr;
+    QWidget* makeDropArea(BookRemoteNotaryModel& model, SecondaryButton* choose);
 };

@@ -9,6 +9,7 @@
 #include <memory>
 
 class QScrollArea;
+class SecondaryButton;
 class SessionDocumentsModel;
 
 /// The documents of a session, and the place to add more: where files are dropped or chosen, the list of
@@ -27,6 +28,16 @@ public:
     /// chooses nothing. The system's file chooser, unless a test brings its own.
     std::function<void(QWidget* over, std::function<void(QList<QUrl>)> chosen)> chooseFiles;
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
+    void addDocuments(QScrollArea& page);
+    void addDropArea();
+    void addUploadButton();
+    void choose();
+
     std::shared_ptr<SessionDocumentsModel> model_;
+    SecondaryButton* choose_ = nullptr;
+    bool wasShown_ = false;
 };

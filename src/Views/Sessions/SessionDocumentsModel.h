@@ -18,6 +18,9 @@ public:
     const QList<RemoteDocumentUpload>& documents() const { return documents_; }
     /// Takes over a list that somebody else has loaded.
     void setDocuments(QList<RemoteDocumentUpload> documents);
+    /// The turn of somebody who begins to load the list: when it is over, a later load has begun, and what
+    /// they received is not to be handed over any more.
+    Turn nextLoad() { return loads_.next(); }
     /// The symbol of a document's kind, told by its file name.
     static QString icon(const RemoteDocumentUpload& document);
     static QString uploader(const RemoteDocumentUpload& document);

@@ -1,16 +1,90 @@
 #include "Sessions/SessionMessagesCard.h"
 
 #include "AlertPresenter.h"
+#include "Bindings.h"
+#include "Components/PlainLabel.h"
+#include "Components/PrimaryButton.h"
 #include "Components/SectionTitle.h"
+#include "Components/TextEditor.h"
+#include "Launch.h"
+#include "Layouts.h"
+#include "Sessions/SessionMessageThread.h"
 #include "Sessions/SessionMessagesModel.h"
 
+#include <QPlainTextEdit>
+#include <QShortcut>
+
+#include <utility>
+
 using namespace Qt::StringLiterals;
+
+static constexpr int mostLines = 8;
+static constexpr int besideEditor = 8;
 
 SessionMessagesCard::SessionMessagesCard(std::shared_ptr<SessionMessagesModel> model, QWidget* parent)
     : Card(Spacing::card, parent), model_(std::move(model))
 {
     add(new SectionTitle(u"Messages"_s));
-    presentAlerts(this, model_->alert, [model = model_] { model->dismissAlert(); });
+    addThread();
+    addEditor();
+    content()->setSpacing(Spacing::fieldsDown);
 }
 
-SessionMessagesCard::~SessionMessagesCard() = default;
+SessionMessagesCard::~SessionMessagesCard()
+{
+    // What shows the model goes before it: this card may be the last to hold it.
+    qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
+}
+
+void SessionMessagesCard::addThread()
+{
+    auto* none = new PlainLabel(u"No messages yet."_s, Type::body, Brand::steel);
+    thread_ = new SessionMessageThread;
+    add(none);
+    add(thread_);
+    const auto showThread = [this, none] {
+        const QList<SessionMessage>& messages = model_->messages();
+        thread_->setMessages(messages);
+        thread_->setVisible(!messages.isEmpty());
+        none->setVisible(messages.isEmpty());
+    };
+    connect(model_.get(), &SessionMessagesModel::messagesChanged, this, showThread);
+    showThread();
+}
+
+void SessionMessagesCard::addEditor()
+{
+    auto* editor = new TextEditor({}, u"Write a message"_s);
+    editor->setGrowing(mostLines);
+    editor->edit()->setAccessibleName(u"New Message"_s);
+    editor->edit()->setAccessibleDescription(u"Ctrl+Enter sends."_s);
+    bind(editor, model_->newMessage);
+    auto* button = new PrimaryButton(u"Send Message"_s);
+    button->setToolTip(u"Ctrl+Enter"_s);
+    follow(button, model_->isSending, [button](bool sending) { button->setLoading(sending); });
+    connect(button, &Button::clicked, this, &SessionMessagesCard::send);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* shortcut
+            = new QShortcut(Qt::CTRL | key, editor, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, &SessionMessagesCard::send);
+    }
+    auto* row = Layouts::row(besideEditor);
+    row->addWidget(editor, 1);
+    row->addWidget(button, 0, Qt::AlignBottom);
+    add(row);
+}
+
+/// Whoever writes wants to see the message in its place.
+void SessionMessagesCard::send()
+{
+    thread_->scrollToNewest();
+    launch(model_->sendMessage());
+}
+
+void SessionMessagesCard::showEvent(QShowEvent* event)
+{
+    Card::showEvent(event);
+    // Only now is the window known that an alert goes over.
+    if (!std::exchange(wasShown_, true))
+        presentAlerts(this, model_->alert, [model = model_] { model->dismissAlert(); });
+}

@@ -8,6 +8,27 @@ SessionMessagesModel::SessionMessagesModel(const ScreenContext& context, qint64 
     : ScreenModel(context), sessionId_(sessionId), loads_(epoch()), sendings_(epoch())
 { }
 
+/// Bridges differ in how they write the role.
+static std::optional<AppRole> roleOf(const SessionMessage& message)
+{
+    return appRole(message.senderType.trimmed().toLower());
+}
+
+QString SessionMessagesModel::icon(const SessionMessage& message)
+{
+    return systemImage(roleOf(message).value_or(AppRole::client));
+}
+
+QString SessionMessagesModel::roleTitle(const SessionMessage& message)
+{
+    if (const std::optional<AppRole> role = roleOf(message))
+        return title(*role);
+    QString word = message.senderType.trimmed();
+    if (!word.isEmpty())
+        word.front() = word.front().toUpper();
+    return word;
+}
+
 void SessionMessagesModel::setMessages(QList<SessionMessage> messages)
 {
     if (messages == messages_)

@@ -19,8 +19,15 @@ public:
 
     /// In the order received: the newest last.
     const QList<SessionMessage>& messages() const { return messages_; }
+    /// The symbol of the sender's role.
+    static QString icon(const SessionMessage& message);
+    /// The sender's role as people read it, e.g. "Notary".
+    static QString roleTitle(const SessionMessage& message);
     /// Takes over a thread that somebody else has loaded.
     void setMessages(QList<SessionMessage> messages);
+    /// The turn of somebody who begins to load the thread: when it is over, a later load has begun, and what
+    /// they received is not to be handed over any more.
+    Turn nextLoad() { return loads_.next(); }
 
     /// The newest load wins; a failed one leaves the thread as it was.
     QCoro::Task<> loadMessages();

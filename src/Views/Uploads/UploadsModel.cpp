@@ -5,6 +5,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -12,6 +13,14 @@ void UploadsModel::addUploads(const QList<QUrl>& files)
 {
     addDrafts(pendingUploads_, files);
     emit uploadsChanged();
+}
+
+void UploadsModel::addRegularFiles(const QList<QUrl>& addresses)
+{
+    QList<QUrl> regular;
+    std::copy_if(addresses.begin(), addresses.end(), std::back_inserter(regular),
+        [](const QUrl& file) { return QFileInfo(file.toLocalFile()).isFile(); });
+    addUploads(regular);
 }
 
 DesktopUploadDraft* UploadsModel::findUpload(const QUuid& id)

@@ -20,6 +20,8 @@ public:
     const QList<DesktopUploadDraft>& pendingUploads() const { return pendingUploads_; }
     /// Appends a draft for each file that has none yet.
     void addUploads(const QList<QUrl>& files);
+    /// Passes over a folder, a pipe or a device among the addresses: only regular files can be sent.
+    void addRegularFiles(const QList<QUrl>& addresses);
     void setUploadLabel(const QUuid& id, const QString& label);
     void setUploadCategory(const QUuid& id, const QString& category);
     void removeUpload(const QUuid& id);

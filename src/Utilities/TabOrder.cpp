@@ -1,4 +1,4 @@
-#include "Booking/TabOrder.h"
+#include "TabOrder.h"
 
 #include <QWidget>
 
