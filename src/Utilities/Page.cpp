@@ -14,6 +14,13 @@ Page::Page(int maxWidth, Place place, QWidget* parent)
     arrange();
 }
 
+void Page::setMaxWidth(int maxWidth)
+{
+    if (maxWidth == std::exchange(maxWidth_, maxWidth))
+        return;
+    arrange();
+}
+
 void Page::resizeEvent(QResizeEvent* event)
 {
     ScrollPage::resizeEvent(event);

@@ -24,6 +24,7 @@ public:
     /// Where the page's content goes, from top to bottom. Room between its items follows the page's width.
     QVBoxLayout* column() const { return column_; }
     bool isCompact() const { return compact_; }
+    void setMaxWidth(int maxWidth);
 
 signals:
     void compactChanged(bool compact);

@@ -39,6 +39,8 @@ public:
     void setLoading(bool loading);
     /// Takes the detail's place; the detail shown before is deleted.
     void setDetail(QWidget* detail);
+    /// Null before the first one.
+    QWidget* detail() const { return detail_; }
 
     SearchField* searchField() const { return search_; }
     RowListView* list() const { return list_; }

@@ -1,5 +1,6 @@
 #include "Lists/RowListView.h"
 
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
@@ -33,13 +34,15 @@ RowListView::RowListView(
 void RowListView::setSelectedId(std::optional<qint64> id)
 {
     selectedId_ = id;
-    showSelection();
+    if (!reached_)
+        showSelection();
 }
 
 void RowListView::showSelection()
 {
     const QScopedValueRollback<bool> showing(showing_, true);
-    const int row = selectedId_ ? rows_.rowOf(*selectedId_) : -1;
+    const std::optional<qint64> id = reached_ ? reached_ : selectedId_;
+    const int row = id ? rows_.rowOf(*id) : -1;
     if (row >= 0)
         setCurrentIndex(rows_.index(row));
     else
@@ -49,8 +52,66 @@ void RowListView::showSelection()
 void RowListView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     RowList::currentChanged(current, previous);
-    if (!showing_ && current.isValid())
-        emit chosen(current.data(RowListModel::IdRole).toLongLong());
+    if (showing_ || !current.isValid())
+        return;
+    reached_ = current.data(RowListModel::IdRole).toLongLong();
+    if (!moving_)
+        rest();
+}
+
+/// The person has come to a row and stays there. Asked for only now that the list is done with the event that
+/// led there, so that it may be told of another selection.
+void RowListView::rest()
+{
+    if (const std::optional<qint64> id = std::exchange(reached_, std::nullopt))
+        emit chosen(*id);
+}
+
+void RowListView::keyPressEvent(QKeyEvent* event)
+{
+    {
+        const QScopedValueRollback<bool> moving(moving_, true);
+        RowList::keyPressEvent(event);
+    }
+    if (!event->isAutoRepeat())
+        rest();
+}
+
+void RowListView::keyReleaseEvent(QKeyEvent* event)
+{
+    RowList::keyReleaseEvent(event);
+    if (!event->isAutoRepeat())
+        rest();
+}
+
+void RowListView::mousePressEvent(QMouseEvent* event)
+{
+    {
+        const QScopedValueRollback<bool> moving(moving_, true);
+        RowList::mousePressEvent(event);
+    }
+    rest();
+}
+
+void RowListView::mouseMoveEvent(QMouseEvent* event)
+{
+    const QScopedValueRollback<bool> moving(moving_, true);
+    RowList::mouseMoveEvent(event);
+}
+
+void RowListView::mouseReleaseEvent(QMouseEvent* event)
+{
+    {
+        const QScopedValueRollback<bool> moving(moving_, true);
+        RowList::mouseReleaseEvent(event);
+    }
+    rest();
+}
+
+void RowListView::focusOutEvent(QFocusEvent* event)
+{
+    RowList::focusOutEvent(event);
+    rest();
 }
 
 void RowListView::reset()

@@ -10,7 +10,9 @@ ListRow listRow(const QModelIndex& index);
 ListRowDelegate::Options recordRows();
 
 /// A list of rows of which one is selected. The selection is the screen model's: the view asks for another
-/// row when the person clicks or moves to it, and shows what it is told, whatever rows come and go.
+/// row when the person clicks or moves to it, and shows what it is told, whatever rows come and go. Rows that
+/// are only passed, with an arrow key held down or the mouse button, are not asked for: just the one at which
+/// the person stops.
 class RowListView : public RowList
 {
     Q_OBJECT
@@ -31,13 +33,22 @@ signals:
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void reset() override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    void rest();
     void showSelection();
     void restore();
 
     RowListModel& rows_;
     std::optional<qint64> selectedId_;
+    std::optional<qint64> reached_; ///< the row that the person has come to and not been heard about
+    bool moving_ = false; ///< whether an event is at work that may yet go on to another row
     bool showing_ = false;
     int placeBeforeReset_ = 0;
 };

@@ -21,6 +21,13 @@ void RowListModel::setContent(Content content)
     endResetModel();
 }
 
+void RowListModel::remove(qint64 id)
+{
+    QList<RowTexts> rows = content_.rows;
+    if (rows.removeIf([id](const RowTexts& row) { return row.id == id; }) > 0)
+        setContent(Content::of(std::move(rows)));
+}
+
 void RowListModel::setSearch(const QString& search)
 {
     beginResetModel();

@@ -48,6 +48,8 @@ public:
     using Accepts = std::function<bool(const QString& filter)>;
 
     void setContent(Content content);
+    /// Takes the row of a record that is gone out of the list.
+    void remove(qint64 id);
     void setSearch(const QString& search);
     /// \param accepts  says which filter texts pass the picker; an empty function passes all
     void setFilter(Accepts accepts);

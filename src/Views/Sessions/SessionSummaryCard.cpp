@@ -1,6 +1,8 @@
 #include "Sessions/SessionSummaryCard.h"
 
+#include "Accessibility.h"
 #include "Components/PlainLabel.h"
+#include "Components/SecondaryButton.h"
 #include "Components/SoftDivider.h"
 #include "Components/StatusPill.h"
 #include "Components/SymbolLine.h"
@@ -11,53 +13,69 @@
 
 using namespace Qt::StringLiterals;
 
-SessionSummaryCard::SessionSummaryCard(const SessionSummary& session, QWidget* parent)
-    : Card(Spacing::card, parent)
+static constexpr int betweenFacts = 12;
+
+SessionSummaryCard::SessionSummaryCard(QWidget* parent)
+    : Card(Spacing::card, parent), reference_(new PlainLabel({}, Type::small, Brand::steel)),
+      names_(new PlainLabel({}, Type::heading)), status_(new StatusPill), facts_(new QGridLayout),
+      notary_(new SymbolLine(u"checkmark.seal.fill"_s, {})), cancel_(new SecondaryButton(u"Cancel Session"_s))
 {
-    addHeading(session);
+    Accessibility::setRole(this, QAccessible::Grouping);
+    setAccessibleName(u"Session"_s);
+    reference_->setFit(PlainLabel::Fit::elide);
+    auto* heading = Layouts::row(12);
+    heading->addLayout(Layouts::column(0, {reference_, names_}), 1);
+    heading->addWidget(status_, 0, Qt::AlignTop);
+    add(heading);
     add(new SoftDivider, 16);
-    addFacts(session);
+
+    facts_->setContentsMargins(0, 0, 0, 0);
+    facts_->setHorizontalSpacing(Spacing::fieldsAcross);
+    facts_->setVerticalSpacing(betweenFacts);
+    facts_->setColumnStretch(0, 1);
+    facts_->setColumnStretch(1, 1);
+
+    cancel_->setButtonSize(Button::Size::small);
+    auto* row = Layouts::row(Spacing::fieldsAcross);
+    row->addWidget(notary_, 1);
+    row->addStretch();
+    row->addWidget(cancel_);
+    lastRow_ = Layouts::holding(row);
+    auto* rows = Layouts::column(betweenFacts);
+    rows->addLayout(facts_);
+    rows->addWidget(lastRow_);
+    add(rows, 16);
 }
 
-void SessionSummaryCard::addHeading(const SessionSummary& session)
+void SessionSummaryCard::setSession(const SessionSummary& session)
 {
-    auto* reference = new PlainLabel(session.reference(), Type::small, Brand::steel);
-    reference->setFit(PlainLabel::Fit::elide);
-    auto* names = new PlainLabel(sessionRow(session, {}).title, Type::heading);
-    auto* row = Layouts::row(12);
-    row->addLayout(Layouts::column(0, {reference, names}), 1);
-    row->addWidget(new StatusPill(session.status()), 0, Qt::AlignTop);
-    add(row);
-}
+    reference_->setText(session.reference());
+    names_->setText(sessionRow(session, {}).title);
+    status_->setStatus(session.status());
 
-void SessionSummaryCard::addFacts(const SessionSummary& session)
-{
-    constexpr int perRow = 2;
     struct Fact
     {
         QString icon;
         QString text;
     };
     const SessionPeople people = sessionPeople(session);
-    const QString notary = session.raw.string(u"assigned_notary_name"_s);
     QList<Fact> facts{
         {u"calendar"_s, session.displayDateTime()},
         {u"doc.text.fill"_s, session.raw.string(u"document_type"_s, u"Remote notary session"_s)},
         {u"person.fill"_s, people.client},
         {u"envelope.fill"_s, people.email},
-        {u"checkmark.seal.fill"_s, notary.isEmpty() ? QString() : u"Assigned Notary: "_s + notary},
     };
     facts.removeIf([](const Fact& fact) { return fact.text.isEmpty(); });
-
-    auto* grid = new QGridLayout;
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(Spacing::fieldsAcross);
-    grid->setVerticalSpacing(12);
+    Layouts::clear(facts_);
+    constexpr int perRow = 2;
     for (int place = 0; place < int(facts.size()); ++place) {
         auto* line = new SymbolLine(facts.at(place).icon, facts.at(place).text);
-        grid->addWidget(line, place / perRow, place % perRow);
+        facts_->addWidget(line, place / perRow, place % perRow);
     }
-    grid->setColumnStretch(0, 1);
-    grid->setColumnStretch(1, 1);
-    add(grid, 16);
+
+    const QString notary = session.raw.string(u"assigned_notary_name"_s);
+    notary_->setText(u"Assigned Notary: "_s + notary);
+    notary_->setVisible(!notary.isEmpty());
+    cancel_->setVisible(session.canCancel());
+    lastRow_->setVisible(!notary.isEmpty() || session.canCancel());
 }

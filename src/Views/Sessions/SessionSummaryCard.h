@@ -3,15 +3,31 @@
 #include "Components/Card.h"
 #include "SessionSummary.h"
 
-/// What the list knows about one session: reference, people, status, appointment, and who is assigned.
+class PlainLabel;
+class QGridLayout;
+class SecondaryButton;
+class StatusPill;
+class SymbolLine;
+
+/// What is known about one session: reference, people, status, appointment, and who is assigned; and the
+/// button that cancels it.
 class SessionSummaryCard : public Card
 {
     Q_OBJECT
 
 public:
-    explicit SessionSummaryCard(const SessionSummary& session, QWidget* parent = nullptr);
+    explicit SessionSummaryCard(QWidget* parent = nullptr);
+
+    void setSession(const SessionSummary& session);
+    /// A session that cannot be cancelled has no button for it.
+    SecondaryButton* cancelButton() const { return cancel_; }
 
 private:
-    void addHeading(const SessionSummary& session);
-    void addFacts(const SessionSummary& session);
+    PlainLabel* reference_;
+    PlainLabel* names_;
+    StatusPill* status_;
+    QGridLayout* facts_;
+    SymbolLine* notary_;
+    SecondaryButton* cancel_;
+    QWidget* lastRow_;
 };

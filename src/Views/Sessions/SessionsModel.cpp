@@ -18,6 +18,12 @@ SessionsModel::SessionsModel(const ScreenContext& context) : ScreenModel(context
     onRole_ = auth().activeRole.addNotifier([this] { roleChanged(); });
 }
 
+SessionsModel::~SessionsModel()
+{
+    if (detail_)
+        detail_->close();
+}
+
 const QList<SessionsModel::StatusOption>& SessionsModel::statuses()
 {
     static const QList<StatusOption> statuses{
@@ -71,7 +77,7 @@ void SessionsModel::roleChanged()
 {
     if (!auth().isSignedIn())
         return;
-    selectedSession_ = std::nullopt;
+    selectNone();
     emit selectionChanged();
     launch(load());
 }
@@ -135,8 +141,10 @@ void SessionsModel::show(Loaded loaded)
         chosen = find(selectedSession_->id);
     if (!chosen && !selectedSession_ && !sessions_.isEmpty())
         chosen = &sessions_.constFirst();
-    if (chosen)
-        selectedSession_ = *chosen;
+    if (chosen && selectedSession_ && chosen->id != selectedSession_->id)
+        select(chosen->id);
+    else if (chosen)
+        setSelected(*chosen);
     emit selectionChanged();
 }
 
@@ -149,15 +157,72 @@ const SessionSummary* SessionsModel::find(qint64 id) const
 
 void SessionsModel::select(qint64 id)
 {
-    const SessionSummary* session = find(id);
-    if (!session)
+    if (!find(id))
         return;
-    // A later load follows the router, so it must point where the person pointed last.
-    router().selectedSessionId = id;
+    if (selectedSession_ && selectedSession_->id == id) {
+        // A later load follows the router, so it must point where the person pointed last.
+        router().selectedSessionId = id;
+        return;
+    }
+    const std::weak_ptr<SessionsModel> weak = keep(this);
+    context().leaving.leave([weak, id] {
+        const std::shared_ptr<SessionsModel> model = weak.lock();
+        const SessionSummary* session = model ? model->find(id) : nullptr;
+        if (!session)
+            return;
+        model->router().selectedSessionId = id;
+        model->setSelected(*session);
+        emit model->selectionChanged();
+    });
+}
+
+void SessionsModel::setSelected(const SessionSummary& session)
+{
+    if (!selectedSession_ || selectedSession_->id != session.id) {
+        selectNone();
+        openDetail(session.id);
+    }
+    selectedSession_ = session;
+}
+
+void SessionsModel::selectNone()
+{
+    if (detail_)
+        detail_->close();
+    detail_ = nullptr;
+    selectedSession_ = std::nullopt;
+}
+
+void SessionsModel::openDetail(qint64 id)
+{
+    detail_ = std::make_shared<SessionDetailModel>(context(), id);
+    connect(detail_.get(), &SessionDetailModel::changed, this, [this] { launch(load()); });
+    connect(detail_.get(), &SessionDetailModel::deleted, this, [this, id] { remove(id); });
+}
+
+/// A session that has been deleted leaves the list at once, whatever becomes of the next load.
+void SessionsModel::remove(qint64 id)
+{
+    sessions_.removeIf([id](const SessionSummary& session) { return session.id == id; });
+    rows_.remove(id);
+    if (router().selectedSessionId.value() == id)
+        router().selectedSessionId = std::nullopt;
     if (selectedSession_ && selectedSession_->id == id)
-        return;
-    selectedSession_ = *session;
+        selectNone();
     emit selectionChanged();
+    launch(load());
+}
+
+LeaveGuard::Unfinished SessionsModel::unfinished() const
+{
+    return detail_ ? detail_->unfinished() : LeaveGuard::Unfinished::nothing;
+}
+
+void SessionsModel::refresh()
+{
+    launch(load());
+    if (detail_)
+        launch(detail_->load());
 }
 
 void SessionsModel::filterByStatus()

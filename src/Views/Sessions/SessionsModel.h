@@ -2,6 +2,7 @@
 
 #include "Screen/RowListModel.h"
 #include "Screen/ScreenModel.h"
+#include "Sessions/SessionDetailModel.h"
 
 /// The list of the sessions that the signed-in user may see in the active role, its search and status filter,
 /// and the session chosen from it.
@@ -11,6 +12,7 @@ class SessionsModel : public ScreenModel
 
 public:
     explicit SessionsModel(const ScreenContext& context);
+    ~SessionsModel() override;
 
     struct StatusOption
     {
@@ -33,14 +35,20 @@ public:
     RowListModel& rows() { return rows_; }
 
     const std::optional<SessionSummary>& selectedSession() const { return selectedSession_; }
-    /// Selects a loaded session; an unknown id changes nothing.
+    /// The detail of the selected session; null when none is selected.
+    const std::shared_ptr<SessionDetailModel>& detail() const { return detail_; }
+    /// Selects a loaded session once the selected one may be left; an unknown id changes nothing.
     void select(qint64 id);
+    /// What would be lost with the selected session's detail.
+    LeaveGuard::Unfinished unfinished() const;
 
     /// What the list is about, under its title.
     QString subtitle() const;
 
     /// Loads the list for the active role. The newest load wins; a failed one leaves the list as it was.
     QCoro::Task<> load();
+    /// Loads the list and the selected session again.
+    void refresh();
 
 signals:
     /// Another session is selected, or the same one with other contents.
@@ -55,12 +63,17 @@ private:
     };
     static Loaded prepare(QList<SessionSummary> received);
     void show(Loaded loaded);
+    void setSelected(const SessionSummary& session);
+    void selectNone();
+    void openDetail(qint64 id);
+    void remove(qint64 id);
     void filterByStatus();
     void roleChanged();
     const SessionSummary* find(qint64 id) const;
 
     QList<SessionSummary> sessions_;
     std::optional<SessionSummary> selectedSession_;
+    std::shared_ptr<SessionDetailModel> detail_;
     RowListModel rows_;
     Turns loads_;
     QPropertyNotifier onSearch_;

@@ -10,16 +10,13 @@
 #include "Layouts.h"
 #include "Lists/ListDetailView.h"
 #include "Lists/RowListView.h"
-#include "Page.h"
 #include "RefreshKeys.h"
-#include "Sessions/SessionSummaryCard.h"
+#include "Sessions/SessionDetailView.h"
 
 #include <QShortcut>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
-
-static constexpr int detailWidest = 760;
 
 static ListDetailView::Texts texts()
 {
@@ -38,11 +35,16 @@ SessionsView::SessionsView(std::shared_ptr<SessionsModel> model, QWidget* parent
     follow(this, model_->isLoading, [this](bool loading) { lists_->setLoading(loading); });
     follow(this, model_->context().auth.activeRole,
         [this](AppRole) { lists_->setSubtitle(model_->subtitle()); });
-    connect(lists_->list(), &RowListView::chosen, this, [this](qint64 id) { model_->select(id); });
+    connect(lists_->list(), &RowListView::chosen, this, &SessionsView::choose);
     connect(model_.get(), &SessionsModel::selectionChanged, this, &SessionsView::showSelection);
     presentAlerts(this, model_->alert, [model = model_] { model->dismissAlert(); });
+    const std::weak_ptr<SessionsModel> weak = model_;
+    model_->context().leaving.watch(this, [weak] {
+        const std::shared_ptr<SessionsModel> watched = weak.lock();
+        return watched ? watched->unfinished() : LeaveGuard::Unfinished::nothing;
+    });
     showSelection();
-    load();
+    launch(model_->load());
 }
 
 void SessionsView::addStatusPicker()
@@ -57,28 +59,36 @@ void SessionsView::addStatusPicker()
 
 void SessionsView::addShortcuts()
 {
-    onRefreshKeys(this, [this] { load(); });
+    onRefreshKeys(this, [this] { model_->refresh(); });
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
         lists_->searchField()->setFocus(Qt::ShortcutFocusReason);
         lists_->searchField()->selectAll();
     });
 }
 
-void SessionsView::showSelection()
+void SessionsView::choose(qint64 id)
+{
+    model_->select(id);
+    // Where the person is asked first, the selection is still the one before.
+    showSelectedRow();
+}
+
+void SessionsView::showSelectedRow()
 {
     const std::optional<SessionSummary>& selected = model_->selectedSession();
     lists_->list()->setSelectedId(selected ? std::optional(selected->id) : std::nullopt);
-    if (!selected) {
-        lists_->setDetail(new EmptyStateView(u"hand.point.left.fill"_s, u"Select a Session"_s,
-            u"Choose a session from the list to view details, messages, and admin or notary controls."_s));
-        return;
-    }
-    auto* page = new Page(detailWidest, Page::Place::detail);
-    page->column()->addWidget(new SessionSummaryCard(*selected));
-    lists_->setDetail(page);
 }
 
-void SessionsView::load()
+void SessionsView::showSelection()
 {
-    launch(model_->load());
+    showSelectedRow();
+    const bool isShown = lists_->detail() && shown_ == model_->detail();
+    shown_ = model_->detail();
+    if (isShown)
+        return;
+    if (shown_)
+        lists_->setDetail(new SessionDetailView(shown_));
+    else
+        lists_->setDetail(new EmptyStateView(u"hand.point.left.fill"_s, u"Select a Session"_s,
+            u"Choose a session from the list to view details, messages, and admin or notary controls."_s));
 }

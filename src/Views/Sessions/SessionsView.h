@@ -17,9 +17,11 @@ public:
 private:
     void addStatusPicker();
     void addShortcuts();
+    void choose(qint64 id);
+    void showSelectedRow();
     void showSelection();
-    void load();
 
     std::shared_ptr<SessionsModel> model_;
+    std::shared_ptr<SessionDetailModel> shown_; ///< whose detail is on screen
     ListDetailView* lists_;
 };

@@ -1,0 +1,111 @@
+#include "Sessions/SessionDetailPage.h"
+
+#include "Bindings.h"
+#include "Components/QuestionDialog.h"
+#include "Components/SecondaryButton.h"
+#include "Launch.h"
+#include "Layouts.h"
+#include "Sessions/SessionControls.h"
+#include "Sessions/SessionDetailModel.h"
+#include "Sessions/SessionDocumentsCard.h"
+#include "Sessions/SessionMessagesCard.h"
+#include "Sessions/SessionSummaryCard.h"
+
+namespace {
+
+constexpr int columnWidest = 760;
+constexpr int twoColumnsFrom = 900;
+
+} // namespace
+
+SessionDetailPage::SessionDetailPage(SessionDetailModel& model, QWidget* parent)
+    : Page(columnWidest, Place::detail, parent), model_(model), columns_(Layouts::column(0)),
+      leading_(addColumn()), trailing_(addColumn())
+{
+    column()->addLayout(columns_);
+    // Made in the order in which the Tab key goes through them.
+    auto* summary = makeSummary();
+    auto* notary = SessionControls::notary(model_);
+    auto* admin = SessionControls::admin(model_);
+    auto* messages = new SessionMessagesCard(model_.messages());
+    auto* documents = new SessionDocumentsCard(model_.documents(), *this);
+    add(leading_, summary);
+    add(leading_, notary);
+    add(leading_, admin);
+    add(trailing_, messages);
+    add(trailing_, documents);
+
+    follow(this, model_.context().auth.user, [this, notary, admin](const std::optional<AuthUser>&) {
+        notary->setVisible(model_.hasNotaryControls());
+        admin->setVisible(model_.hasAdminControls());
+    });
+    follow(this, model_.hasMessages, [messages](bool known) { messages->setVisible(known); });
+    follow(this, model_.hasDocuments, [documents](bool known) { documents->setVisible(known); });
+    connect(this, &Page::compactChanged, this, &SessionDetailPage::arrangeCards);
+    arrangeCards();
+}
+
+SessionDetailPage::Column SessionDetailPage::addColumn()
+{
+    Column column{Layouts::column(0), new QSpacerItem(0, 0)};
+    column.cards->addSpacerItem(column.end);
+    columns_->addLayout(column.cards, 1);
+    return column;
+}
+
+void SessionDetailPage::add(const Column& column, Card* card)
+{
+    column.cards->insertWidget(column.cards->count() - 1, card);
+    cards_ += card;
+}
+
+Card* SessionDetailPage::makeSummary()
+{
+    auto* summary = new SessionSummaryCard;
+    const auto show = [this, summary] {
+        if (model_.session())
+            summary->setSession(*model_.session());
+    };
+    show();
+    connect(&model_, &SessionDetailModel::sessionChanged, summary, show);
+
+    SecondaryButton* cancel = summary->cancelButton();
+    follow(cancel, model_.work, [cancel](SessionDetailModel::Work now) {
+        cancel->setLoading(now == SessionDetailModel::Work::cancellation);
+        cancel->setEnabled(
+            now == SessionDetailModel::Work::cancellation || now == SessionDetailModel::Work::none);
+    });
+    connect(cancel, &Button::clicked, this, [this, cancel] {
+        const auto* question = QuestionDialog::ask(cancel, SessionDetailModel::cancelQuestion());
+        connect(question, &QDialog::accepted, this, [this] { launch(model_.cancel()); });
+    });
+    return summary;
+}
+
+void SessionDetailPage::resizeEvent(QResizeEvent* event)
+{
+    arrangeColumns();
+    Page::resizeEvent(event);
+}
+
+void SessionDetailPage::arrangeColumns()
+{
+    const bool two = width() >= Type::scaled(twoColumnsFrom);
+    columns_->setDirection(two ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    for (const Column& column : {leading_, trailing_}) {
+        // Beside a higher column the cards keep to the top.
+        column.end->changeSize(0, 0, QSizePolicy::Minimum, two ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+        column.cards->invalidate();
+    }
+    setMaxWidth(two ? 2 * columnWidest + columns_->spacing() : columnWidest);
+}
+
+void SessionDetailPage::arrangeCards()
+{
+    const int between = isCompact() ? Spacing::betweenCardsCompact : Spacing::betweenCards;
+    columns_->setSpacing(between);
+    leading_.cards->setSpacing(between);
+    trailing_.cards->setSpacing(between);
+    for (Card* card : cards_)
+        card->setPadding(isCompact() ? Spacing::cardCompact : Spacing::card);
+}
