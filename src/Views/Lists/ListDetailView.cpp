@@ -6,7 +6,6 @@
 #include "Components/SearchField.h"
 #include "Components/SoftDivider.h"
 #include "Layouts.h"
-#include "Lists/RowListView.h"
 #include "Palette.h"
 #include "Spacing.h"
 
@@ -24,12 +23,15 @@ constexpr int headerPadding = 16;
 
 } // namespace
 
-ListDetailView::ListDetailView(const Texts& texts, RowListModel& rows, QWidget* parent)
-    : QWidget(parent), pane_(new QWidget(this)), subtitle_(new PlainLabel({}, Type::small, Brand::steel)),
+ListDetailView::ListDetailView(
+    const Texts& texts, RowListModel& rows, const ListRowDelegate::Options& rowShape, QWidget* parent)
+    : QWidget(parent), pane_(new QWidget(this)),
+      titleRow_(Layouts::row(Spacing::buttons, {new PlainLabel(texts.title, Type::title)})),
+      subtitle_(new PlainLabel({}, Type::small, Brand::steel)),
       search_(new SearchField(texts.searchPlaceholder)), filters_(Layouts::row(Spacing::fieldsAcross)),
-      list_(new RowListView(texts.title, rows)), listArea_(new QStackedLayout)
+      list_(new RowListView(texts.title, rows, rowShape)), listArea_(new QStackedLayout)
 {
-    auto* column = Layouts::column(0, {makeHeader(texts), new SoftDivider});
+    auto* column = Layouts::column(0, {makeHeader(), new SoftDivider});
     column->addWidget(makeListArea(texts), 1);
     pane_->setLayout(column);
     search_->installEventFilter(this);
@@ -37,9 +39,10 @@ ListDetailView::ListDetailView(const Texts& texts, RowListModel& rows, QWidget* 
     updateListArea();
 }
 
-QWidget* ListDetailView::makeHeader(const Texts& texts)
+QWidget* ListDetailView::makeHeader()
 {
-    auto* column = Layouts::column(0, {new PlainLabel(texts.title, Type::title)});
+    auto* column = Layouts::column(0);
+    column->addLayout(titleRow_);
     column->setContentsMargins(headerPadding, 20, headerPadding, 12);
     column->addSpacing(4);
     column->addWidget(subtitle_);
@@ -66,6 +69,11 @@ QWidget* ListDetailView::makeListArea(const Texts& texts)
 void ListDetailView::setSubtitle(const QString& subtitle)
 {
     subtitle_->setText(subtitle);
+}
+
+void ListDetailView::addAction(QWidget* button)
+{
+    titleRow_->addWidget(button);
 }
 
 void ListDetailView::addFilter(QWidget* filter)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Screen/RowListModel.h"
+#include "Lists/RowListView.h"
 
 #include <QWidget>
 
@@ -9,7 +9,6 @@ class LoadingLine;
 class PlainLabel;
 class QHBoxLayout;
 class QStackedLayout;
-class RowListView;
 class SearchField;
 
 /// A list with its search on the left, what is selected in it on the right: the arrangement of every screen
@@ -30,9 +29,12 @@ public:
     };
 
     /// The rows must outlive the view.
-    ListDetailView(const Texts& texts, RowListModel& rows, QWidget* parent = nullptr);
+    ListDetailView(const Texts& texts, RowListModel& rows, const ListRowDelegate::Options& rowShape,
+        QWidget* parent = nullptr);
 
     void setSubtitle(const QString& subtitle);
+    /// Puts a button beside the title.
+    void addAction(QWidget* button);
     /// Puts a widget, such as a picker, under the search field.
     void addFilter(QWidget* filter);
     /// While loading, a list without rows says so; one with rows keeps showing them.
@@ -51,11 +53,12 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    QWidget* makeHeader(const Texts& texts);
+    QWidget* makeHeader();
     QWidget* makeListArea(const Texts& texts);
     void updateListArea();
 
     QWidget* pane_;
+    QHBoxLayout* titleRow_;
     PlainLabel* subtitle_;
     SearchField* search_;
     QHBoxLayout* filters_;

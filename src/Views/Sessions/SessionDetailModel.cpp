@@ -14,10 +14,9 @@ const QList<QString>& SessionDetailModel::statusOptions()
 }
 
 SessionDetailModel::SessionDetailModel(const ScreenContext& context, qint64 sessionId)
-    : ScreenModel(context), sessionId_(sessionId),
+    : EditPaneModel(context), sessionId_(sessionId),
       messages_(std::make_shared<SessionMessagesModel>(context, sessionId)),
-      documents_(std::make_shared<SessionDocumentsModel>(context, sessionId)), loads_(epoch()),
-      works_(epoch())
+      documents_(std::make_shared<SessionDocumentsModel>(context, sessionId)), loads_(epoch())
 {
     // Later, because whoever waits for the end of a sending may take this model away.
     const auto reconsiderLater = [&leaving = context.leaving] {
@@ -74,7 +73,7 @@ QCoro::Task<> SessionDetailModel::load()
 {
     const auto self = keep(this);
     const std::optional<AuthUser> user = signedInUser();
-    if (!user || isClosed_)
+    if (!user || isClosed())
         co_return;
     const Turn turn = loads_.next();
     isLoading = true;
@@ -121,7 +120,7 @@ QCoro::Task<> SessionDetailModel::loadAll(Turn turn, QString token)
 
 void SessionDetailModel::close()
 {
-    isClosed_ = true;
+    EditPaneModel::close();
     loads_.next();
     isLoading = false;
 }
@@ -186,10 +185,9 @@ QList<SessionDetailModel::Choice> SessionDetailModel::notaryChoices() const
 
 LeaveGuard::Unfinished SessionDetailModel::unfinished() const
 {
-    const bool isWorking
-        = work.value() != Work::none || messages_->isSending.value() || documents_->isUploadingFiles.value();
-    if (isWorking)
+    if (messages_->isSending.value() || documents_->isUploadingFiles.value())
         return LeaveGuard::Unfinished::work;
-    const bool isUnsaved = hasEdits() || messages_->hasUnsentWork() || documents_->hasUnsentWork();
-    return isUnsaved ? LeaveGuard::Unfinished::edits : LeaveGuard::Unfinished::nothing;
+    const LeaveGuard::Unfinished here = EditPaneModel::unfinished();
+    const bool isUnsent = messages_->hasUnsentWork() || documents_->hasUnsentWork();
+    return here == LeaveGuard::Unfinished::nothing && isUnsent ? LeaveGuard::Unfinished::edits : here;
 }

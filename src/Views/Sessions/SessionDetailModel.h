@@ -2,32 +2,19 @@
 
 #include "Question.h"
 #include "RemoteNotaryOption.h"
-#include "Screen/LeaveGuard.h"
-#include "Screen/ScreenModel.h"
+#include "Screen/EditPaneModel.h"
 #include "Screen/SessionFields.h"
 #include "Sessions/SessionDocumentsModel.h"
 #include "Sessions/SessionMessagesModel.h"
 
 /// One session beside the list: its record, its thread and documents, and what a notary and an admin can
 /// change about it. What is typed into the fields and not saved stays there, whatever is loaded meanwhile.
-///
-/// At most one change is on its way at a time; asking for another one meanwhile does nothing.
-class SessionDetailModel : public ScreenModel
+class SessionDetailModel : public EditPaneModel
 {
     Q_OBJECT
 
 public:
     SessionDetailModel(const ScreenContext& context, qint64 sessionId);
-
-    /// A change that is on its way to the bridge.
-    enum class Work
-    {
-        none,
-        notaryUpdate,
-        adminChanges,
-        cancellation,
-        deletion
-    };
 
     /// An entry of a picker.
     struct Choice
@@ -55,7 +42,6 @@ public:
     /// The thread and the documents have been loaded once: until then nothing is known about them.
     QProperty<bool> hasMessages{false};
     QProperty<bool> hasDocuments{false};
-    QProperty<Work> work{Work::none};
 
     /// The record, once it has been loaded.
     const std::optional<SessionSummary>& session() const { return session_; }
@@ -73,10 +59,9 @@ public:
     bool hasAdminControls() const;
     bool canCancel() const;
 
-    /// The fields differ from what was loaded or saved last.
-    bool hasEdits() const;
+    bool hasEdits() const override;
     /// What would be lost with this model: here, in the thread, or among the documents.
-    LeaveGuard::Unfinished unfinished() const;
+    LeaveGuard::Unfinished unfinished() const override;
 
     /// Loads the record, the thread, the documents and, for an admin, the notaries, in this order; the first
     /// failure ends it. The newest load wins.
@@ -88,36 +73,24 @@ public:
     QCoro::Task<> cancel();
     QCoro::Task<> deleteSession();
 
-    /// Another session is looked at: what is being loaded counts no longer, and no more is asked for. A
-    /// change that is on its way still arrives and is told about.
-    void close();
+    /// What is being loaded counts no longer, and no more is asked for.
+    void close() override;
 
 signals:
     /// The record was loaded.
     void sessionChanged();
     void notariesChanged();
-    /// The bridge has accepted a change, so that the list may show this session differently.
-    void changed();
-    /// The session exists no longer.
-    void deleted();
+
+protected:
+    void loadAgain() override;
 
 private:
-    /// What is particular about a change.
-    struct Change
-    {
-        Work work = Work::none;
-        QString failureTitle;
-        std::function<QCoro::Task<JSONObject>(const APIClient& client, const QString& token)> send;
-        std::function<void()> accepted;
-    };
-
     template <typename Self, typename Visit>
     static void forEachField(Self& self, Visit visit);
     SessionFields fields() const;
     void loadFields(const SessionSummary& session);
     void show(SessionSummary session);
     QCoro::Task<> loadAll(Turn turn, QString token);
-    QCoro::Task<> carryOut(Change change);
     bool holds(AppRole role) const;
 
     qint64 sessionId_;
@@ -126,9 +99,7 @@ private:
     std::shared_ptr<SessionMessagesModel> messages_;
     std::shared_ptr<SessionDocumentsModel> documents_;
     SessionFields loaded_; ///< what the fields are compared with
-    bool isClosed_ = false;
     Turns loads_;
-    Turns works_;
     QPropertyNotifier onSending_;
     QPropertyNotifier onUploading_;
 };

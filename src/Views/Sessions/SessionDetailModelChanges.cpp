@@ -1,4 +1,4 @@
-#include "AppError.h"
+#include "Launch.h"
 #include "Sessions/SessionDetailModel.h"
 
 using namespace Qt::StringLiterals;
@@ -15,32 +15,9 @@ Question SessionDetailModel::deleteQuestion()
         u"Delete Session"_s, u"Keep Session"_s};
 }
 
-QCoro::Task<> SessionDetailModel::carryOut(Change change)
+void SessionDetailModel::loadAgain()
 {
-    const auto self = keep(this);
-    const std::optional<AuthUser> user = signedInUser();
-    if (!user || work.value() != Work::none)
-        co_return;
-    const Turn turn = works_.next();
-    work = change.work;
-    bool isDone = false;
-    try {
-        const APIClient client = api();
-        co_await change.send(client, user->idToken);
-        isDone = !turn.isOver();
-    } catch (const AppError& error) {
-        fail(turn, change.failureTitle, error);
-    }
-    if (isDone)
-        change.accepted();
-    work = Work::none;
-    // Whoever waits to leave goes on after a success, and stays with a failure, which they have to read.
-    if (isDone)
-        context().leaving.reconsider();
-    else if (!isClosed_)
-        context().leaving.answer(false);
-    if (isDone && !isClosed_)
-        co_await load();
+    launch(load());
 }
 
 QCoro::Task<> SessionDetailModel::saveNotary()

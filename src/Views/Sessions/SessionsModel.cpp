@@ -11,9 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
-SessionsModel::SessionsModel(const ScreenContext& context) : ScreenModel(context), loads_(epoch())
+SessionsModel::SessionsModel(const ScreenContext& context) : ListScreenModel(context), loads_(epoch())
 {
-    onSearch_ = search.addNotifier([this] { rows_.setSearch(search.value()); });
     onStatusFilter_ = statusFilter.addNotifier([this] { filterByStatus(); });
     onRole_ = auth().activeRole.addNotifier([this] { roleChanged(); });
 }
@@ -134,7 +133,7 @@ SessionsModel::Loaded SessionsModel::prepare(QList<SessionSummary> received)
 void SessionsModel::show(Loaded loaded)
 {
     sessions_ = std::move(loaded.sessions);
-    rows_.setContent(std::move(loaded.rows));
+    rows().setContent(std::move(loaded.rows));
     const std::optional<qint64> routed = router().selectedSessionId.value();
     const SessionSummary* chosen = routed ? find(*routed) : nullptr;
     if (!chosen && selectedSession_)
@@ -204,7 +203,7 @@ void SessionsModel::openDetail(qint64 id)
 void SessionsModel::remove(qint64 id)
 {
     sessions_.removeIf([id](const SessionSummary& session) { return session.id == id; });
-    rows_.remove(id);
+    rows().remove(id);
     if (router().selectedSessionId.value() == id)
         router().selectedSessionId = std::nullopt;
     if (selectedSession_ && selectedSession_->id == id)
@@ -213,9 +212,9 @@ void SessionsModel::remove(qint64 id)
     launch(load());
 }
 
-LeaveGuard::Unfinished SessionsModel::unfinished() const
+std::optional<qint64> SessionsModel::selectedRow() const
 {
-    return detail_ ? detail_->unfinished() : LeaveGuard::Unfinished::nothing;
+    return selectedSession_ ? std::optional(selectedSession_->id) : std::nullopt;
 }
 
 void SessionsModel::refresh()
@@ -229,16 +228,16 @@ void SessionsModel::filterByStatus()
 {
     const QString wanted = statusFilter.value().toLower();
     if (wanted.isEmpty())
-        rows_.setFilter({});
+        rows().setFilter({});
     else
-        rows_.setFilter([wanted](const QString& status) { return status == wanted; });
+        rows().setFilter([wanted](const QString& status) { return status == wanted; });
 }
 
 QList<SessionSummary> SessionsModel::filteredSessions() const
 {
     QList<SessionSummary> filtered;
-    filtered.reserve(rows_.shown().size());
-    for (const int row : rows_.shown())
+    filtered.reserve(rows().shown().size());
+    for (const int row : rows().shown())
         filtered += sessions_.at(row);
     return filtered;
 }

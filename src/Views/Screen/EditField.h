@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QProperty>
+
+/// What a pane does with all of its fields, whatever they hold.
+class AnyEditField
+{
+public:
+    /// What stands in the field is not saved.
+    virtual bool isEdited() const = 0;
+    /// What stands in the field is on its way to the bridge.
+    virtual void markSent() = 0;
+    /// The bridge has accepted what was sent. What was typed since is an edit again.
+    virtual void markSaved() = 0;
+
+protected:
+    ~AnyEditField() = default;
+};
+
+/// A field of an edit pane: what stands in it, what of that is saved, and what the bridge said last.
+template <typename T>
+class EditField : public QProperty<T>, public AnyEditField
+{
+public:
+    using QProperty<T>::operator=;
+
+    /// The record has this value at the bridge. A field takes it when it is another than before and no edit
+    /// stands in its way.
+    /// \param keepsTyped  leaves the field as it is: the value is just how the bridge wrote down what was
+    /// saved
+    void receive(const T& value, bool keepsTyped)
+    {
+        const bool isNews = std::exchange(received_, value) != value;
+        if (!isNews || keepsTyped)
+            return;
+        const bool follows = !isEdited();
+        saved_ = value;
+        if (follows)
+            *this = value;
+    }
+
+    bool isEdited() const override { return this->value() != saved_; }
+    void markSent() override { sent_ = this->value(); }
+    void markSaved() override { saved_ = sent_; }
+
+private:
+    T received_ = {};
+    T saved_ = {};
+    T sent_ = {};
+};
