@@ -17,7 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int between = 2;
 constexpr int dividerHeight = 1;
 constexpr int metaGap = 4;
 constexpr int textGap = 10;
@@ -73,7 +72,7 @@ int ListRowDelegate::firstLineHeight() const
 
 int ListRowDelegate::rowGap() const
 {
-    return options_.onlyRead ? dividerHeight : between;
+    return options_.onlyRead ? dividerHeight : roomBetween;
 }
 
 QSize ListRowDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const

@@ -15,6 +15,8 @@ class ListRowDelegate : public QStyledItemDelegate
 public:
     /// Between the edge of a row and what stands in it, in pixels.
     static constexpr int roomAcross = 10;
+    /// Between a row and the next one.
+    static constexpr int roomBetween = 2;
 
     struct Options
     {

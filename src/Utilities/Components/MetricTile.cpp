@@ -20,11 +20,18 @@ MetricTile::MetricTile(
     auto* top = Layouts::row(8);
     top->addWidget(heading, 1);
     top->addWidget(new SymbolView(systemImage, IconSize::chip(), Brand::blue));
-    content()->setContentsMargins(21, 17, 21, 17);
     add(top);
     add(value_, 4);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
+    setCompact(false);
     setValue(value);
+}
+
+void MetricTile::setCompact(bool compact)
+{
+    constexpr int edge = 1;
+    const int across = edge + (compact ? Spacing::cardCompact : Spacing::card);
+    content()->setContentsMargins(across, 17, across, 17);
 }
 
 QString MetricTile::value() const

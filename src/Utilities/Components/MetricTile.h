@@ -15,6 +15,8 @@ public:
 
     QString value() const;
     void setValue(const QString& value);
+    /// A little less room before and after the texts.
+    void setCompact(bool compact);
 
 private:
     PlainLabel* value_;

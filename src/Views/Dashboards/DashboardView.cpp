@@ -8,17 +8,14 @@
 #include "Components/WorkspaceHero.h"
 #include "Dashboards/DashboardCard.h"
 #include "Dashboards/ShortcutRow.h"
+#include "Dashboards/TileRow.h"
 #include "Launch.h"
-#include "Layouts.h"
 #include "Lists/RowListView.h"
 #include "RefreshKeys.h"
 
-namespace {
+#include <QVBoxLayout>
 
-constexpr int widest = 1120;
-constexpr int betweenTiles = 12;
-
-} // namespace
+static constexpr int widest = 1120;
 
 DashboardView::DashboardView(std::shared_ptr<DashboardModel> model, QWidget* parent)
     : Page(widest, parent), model_(std::move(model))
@@ -35,12 +32,12 @@ DashboardView::DashboardView(std::shared_ptr<DashboardModel> model, QWidget* par
 
 void DashboardView::addTiles()
 {
-    auto* row = Layouts::row(betweenTiles);
-    for (const DashboardModel::Tile& tile : model_->tiles()) {
+    for (const DashboardModel::Tile& tile : model_->tiles())
         tiles_ += new MetricTile(tile.title, tile.value, tile.systemImage);
-        row->addWidget(tiles_.constLast(), 1);
-    }
-    column()->addLayout(row);
+    auto* row = new TileRow(tiles_);
+    connect(this, &Page::compactChanged, row, &TileRow::setCompact);
+    row->setCompact(isCompact());
+    column()->addWidget(row);
 }
 
 void DashboardView::updateTiles()

@@ -126,7 +126,8 @@ void OpenCallList::update(const Call& call, int row)
     button->setFocusPolicy(row == list_->currentIndex().row() ? Qt::StrongFocus : Qt::ClickFocus);
     const QRect area = list_->visualRect(list_->model()->index(row, 0))
                            .translated(list_->viewport()->mapTo(this, QPoint()));
-    const QRect inner = area.adjusted(ListRowDelegate::roomAcross, 0, -ListRowDelegate::roomAcross, 0);
+    const QRect inner = area.adjusted(
+        ListRowDelegate::roomAcross, 0, -ListRowDelegate::roomAcross, -ListRowDelegate::roomBetween);
     button->setGeometry(
         QStyle::alignedRect(layoutDirection(), Qt::AlignRight | Qt::AlignVCenter, button->sizeHint(), inner));
 }
@@ -139,10 +140,11 @@ void OpenCallList::replace()
     for (const auto& [row, call] : before) {
         if (call.button->hasFocus()) {
             const auto same = calls_.find(model_->openCallRows().rowOf(call.id));
-            QWidget* next = list_;
             if (same != calls_.end())
-                next = same->second.button;
-            next->setFocus(Qt::OtherFocusReason);
+                same->second.button->setFocus(Qt::OtherFocusReason);
+            else
+                list_->setFocus(
+                    Qt::MouseFocusReason); // no row becomes current: the selection went with the call
         }
         drop(call);
     }
