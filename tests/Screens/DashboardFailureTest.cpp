@@ -1,50 +1,18 @@
 #include "DashboardTest.h"
+#include "FailureKinds.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// One way for a request to fail.
-struct Failure
-{
-    const char* name;
-    std::function<void(FakeWebSession&, qsizetype)> happen;
-    QString message; ///< of the alert; none when it signs out
-};
-
-std::function<void(FakeWebSession&, qsizetype)> answered(int status, const QByteArray& body)
-{
-    return [=](FakeWebSession& session, qsizetype number) { session.answer(number, status, body); };
-}
-
-std::function<void(FakeWebSession&, qsizetype)> failed(TransportError::Code code)
-{
-    return [=](FakeWebSession& session, qsizetype number) { session.fail(number, code); };
-}
-
 const QString connection = u"Connection problem. Please check your internet connection and try again."_s;
-
-const QList<Failure> failures{
-    {"ServerSentence", answered(500, R"({"message": "Try later."})"), u"Try later."_s},
-    {"NoSentence", answered(500, "{}"), u"We could not complete that request. Please try again."_s},
-    {"Page", answered(502, "<html><body>Bad Gateway</body></html>"),
-        u"We could not complete that request. Please try again or contact support."_s},
-    {"NotJSON", answered(200, "Fine, thank you."), u"Fine, thank you."_s},
-    {"Forbidden", answered(403, R"({"message": "Forbidden"})"), u"You do not have access to that section."_s},
-    {"Missing", answered(404, R"({"message": "Not here."})"), u"Not here."_s},
-    {"Redirect", answered(302, "{}"), u"We could not complete that request. Please try again."_s},
-    {"TimedOut", failed(TransportError::Code::TimedOut), connection},
-    {"NotConnected", failed(TransportError::Code::NotConnectedToInternet), connection},
-    {"Expired", answered(401, "{}"), {}},
-    {"SpeaksOfTheSession", answered(422, R"({"message": "Session not found"})"), {}},
-};
 
 class DashboardFailure : public DashboardTest
 { };
 
 TEST_P(DashboardFailure, OfAnyRequestKeepsEveryListAndIsOneAlert)
 {
-    for (const Failure& failure : failures) {
+    for (const FailureKind& failure : failureKinds()) {
         for (qsizetype failing = 0; failing < perLoad(); ++failing) {
             SCOPED_TRACE(testing::Message() << failure.name << " of request " << failing);
             answerAll(load(), many);

@@ -1,5 +1,6 @@
 #include "Dashboards/NotaryDashboardModel.h"
 
+#include "FailureKinds.h"
 #include "Launch.h"
 #include "ScreenTest.h"
 
@@ -151,6 +152,27 @@ TEST_F(NotaryDashboardModelTest, AnotherNotaryWasFirst)
     EXPECT_TRUE(auth.isSignedIn());
 }
 
+class AcceptFailure : public NotaryDashboardModelTest, public testing::WithParamInterface<FailureKind>
+{ };
+
+TEST_P(AcceptFailure, IsOneAlertOrASignOutAndChangesNothing)
+{
+    load({4}, {8, 1});
+    const qsizetype number = accept(8);
+    GetParam().happen(*webSession, number);
+    settle();
+    EXPECT_FALSE(model->isAccepting(8));
+    EXPECT_EQ(requestCount(), number + 1);
+    expectLists({4}, {8, 1});
+    EXPECT_EQ(auth.isSignedIn(), !GetParam().message.isEmpty());
+    if (GetParam().message.isEmpty())
+        EXPECT_TRUE(alertOf(*model).isEmpty());
+    else
+        EXPECT_EQ(alertOf(*model), (QList<QString>{cannotAccept, GetParam().message}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, AcceptFailure, testing::ValuesIn(failureKinds()), ByName());
+
 TEST_F(NotaryDashboardModelTest, AFailedAcceptCanBeAskedAgain)
 {
     load({}, {8});
@@ -164,15 +186,6 @@ TEST_F(NotaryDashboardModelTest, AFailedAcceptCanBeAskedAgain)
     answer(again, "{}");
     answerLoad(again + 1, {8}, {});
     expectLists({8}, {});
-}
-
-TEST_F(NotaryDashboardModelTest, AnExpiredAcceptSignsOutWithoutAWord)
-{
-    load({}, {8});
-    answer(accept(8), "{}", 401);
-    EXPECT_FALSE(auth.isSignedIn());
-    EXPECT_TRUE(alertOf(*model).isEmpty());
-    EXPECT_FALSE(model->isAccepting(8));
 }
 
 TEST_F(NotaryDashboardModelTest, WithoutAUserAcceptSignsOutAndStops)
