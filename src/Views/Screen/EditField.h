@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QList>
 #include <QProperty>
+
+#include <utility>
 
 /// What a pane does with all of its fields, whatever they hold.
 class AnyEditField
@@ -14,7 +17,9 @@ public:
     virtual void markSaved() = 0;
 
 protected:
+    AnyEditField() = default;
     ~AnyEditField() = default;
+    Q_DISABLE_COPY_MOVE(AnyEditField)
 };
 
 /// A field of an edit pane: what stands in it, what of that is saved, and what the bridge said last.
@@ -22,7 +27,14 @@ template <typename T>
 class EditField : public QProperty<T>, public AnyEditField
 {
 public:
-    using QProperty<T>::operator=;
+    /// \param pane  the fields of the pane that this one becomes a part of
+    explicit EditField(QList<AnyEditField*>& pane) { pane += this; }
+
+    EditField& operator=(const T& value)
+    {
+        this->setValue(value);
+        return *this;
+    }
 
     /// The record has this value at the bridge. A field takes it when it is another than before and no edit
     /// stands in its way.

@@ -10,10 +10,7 @@ class ListScreenModel : public ScreenModel
     Q_OBJECT
 
 public:
-    explicit ListScreenModel(const ScreenContext& context) : ScreenModel(context)
-    {
-        onSearch_ = search.addNotifier([this] { rows_.setSearch(search.value()); });
-    }
+    explicit ListScreenModel(const ScreenContext& context);
 
     QProperty<bool> isLoading{false};
     QProperty<QString> search;
@@ -23,7 +20,7 @@ public:
     const RowListModel& rows() const { return rows_; }
 
     /// Loads the list. The newest load wins; a failed one leaves the list as it was.
-    virtual QCoro::Task<> load() = 0;
+    QCoro::Task<> load();
     /// Loads all that is on screen again.
     virtual void refresh() = 0;
 
@@ -40,7 +37,18 @@ signals:
     /// Another record is selected, or the same one with other contents.
     void selectionChanged();
 
+protected:
+    /// Puts what was loaded in the place of what was there.
+    using Store = std::function<void()>;
+
+    /// Requests the records and derives their rows, off the main thread.
+    /// \throws AppError
+    virtual QCoro::Task<Store> fetch(QString idToken) = 0;
+    /// Of the alert when a load failed.
+    virtual QString loadFailureTitle() const = 0;
+
 private:
     RowListModel rows_;
+    Turns loads_;
     QPropertyNotifier onSearch_;
 };

@@ -51,6 +51,13 @@ void RowListModel::refilter()
         shown_.removeIf([this](int row) { return !accepts_(content_.rows.at(row).filter); });
 }
 
+int RowListModel::placeOf(qint64 id) const
+{
+    const auto found = std::find_if(
+        content_.rows.begin(), content_.rows.end(), [id](const RowTexts& row) { return row.id == id; });
+    return found == content_.rows.end() ? -1 : int(found - content_.rows.begin());
+}
+
 int RowListModel::rowOf(qint64 id) const
 {
     const auto found = std::find_if(
@@ -66,7 +73,7 @@ int RowListModel::rowCount(const QModelIndex& parent) const
 /// What a screen reader says of a row: the title first, then its other texts.
 static QString spokenRow(const RowTexts& row)
 {
-    QStringList texts{row.title, row.secondary, row.meta, row.pill};
+    QStringList texts{row.title, row.secondary, row.meta, row.trailing, row.pill};
     texts.removeAll(QString());
     return texts.join(u", "_s);
 }
@@ -89,6 +96,10 @@ QVariant RowListModel::data(const QModelIndex& index, int role) const
         return row.meta;
     case PillRole:
         return row.pill;
+    case TrailingRole:
+        return row.trailing;
+    case IdleRole:
+        return row.isIdle;
     case Qt::AccessibleTextRole:
         return spokenRow(row);
     default:

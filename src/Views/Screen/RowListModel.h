@@ -12,9 +12,11 @@ struct RowTexts
     qint64 id = 0;
     QString title;
     QString secondary; ///< the line under the title
-    QString metaIcon; ///< symbol before the third line
+    QString metaIcon; ///< symbol before the third line, or in the chip of a list that has chips
     QString meta; ///< the third line
+    QString trailing; ///< a word at the end of the last line
     QString pill; ///< status word; no pill when empty
+    bool isIdle = false; ///< whom or what the row stands for is out of use
     QString search; ///< what the search box looks into, in any letter case
     QString filter; ///< what the list's picker compares
 };
@@ -34,6 +36,8 @@ public:
         MetaIconRole,
         MetaRole,
         PillRole,
+        TrailingRole,
+        IdleRole,
     };
 
     /// Rows with their search texts, ready to be shown. Can be made on any thread.
@@ -56,6 +60,10 @@ public:
 
     /// The shown rows, as places in the loaded list.
     const QList<int>& shown() const { return shown_; }
+    /// The place of a record in the loaded list, shown or not, or -1.
+    int placeOf(qint64 id) const;
+    /// The record at a place in the loaded list.
+    qint64 idAt(int place) const { return content_.rows.at(place).id; }
     /// The shown row of a record, or -1.
     int rowOf(qint64 id) const;
 

@@ -1,6 +1,5 @@
 #include "Sessions/SessionsModel.h"
 
-#include "AppError.h"
 #include "Launch.h"
 #include "Screen/SessionRow.h"
 #include "Worker.h"
@@ -11,7 +10,7 @@
 
 using namespace Qt::StringLiterals;
 
-SessionsModel::SessionsModel(const ScreenContext& context) : ListScreenModel(context), loads_(epoch())
+SessionsModel::SessionsModel(const ScreenContext& context) : ListScreenModel(context)
 {
     onStatusFilter_ = statusFilter.addNotifier([this] { filterByStatus(); });
     onRole_ = auth().activeRole.addNotifier([this] { roleChanged(); });
@@ -81,27 +80,20 @@ void SessionsModel::roleChanged()
     launch(load());
 }
 
-QCoro::Task<> SessionsModel::load()
+QString SessionsModel::loadFailureTitle() const
 {
-    const auto self = keep(this);
-    const std::optional<AuthUser> user = signedInUser();
-    if (!user)
-        co_return;
-    const Turn turn = loads_.next();
-    isLoading = true;
-    try {
-        const QString scope = roleTexts(auth().role()).scope;
-        QList<SessionSummary> received = co_await api().getSessions(scope, QString(), user->idToken);
-        auto preparing = [received = std::move(received)]() mutable { return prepare(std::move(received)); };
-        const QFuture<Loaded> prepared = onWorker(std::move(preparing));
-        Loaded loaded = co_await prepared;
-        if (!turn.isOver())
-            show(std::move(loaded));
-    } catch (const AppError& error) {
-        fail(turn, u"Cannot Load Sessions"_s, error);
-    }
-    if (turn.isNewest())
-        isLoading = false;
+    return u"Cannot Load Sessions"_s;
+}
+
+QCoro::Task<SessionsModel::Store> SessionsModel::fetch(QString idToken)
+{
+    const QString scope = roleTexts(auth().role()).scope;
+    QList<SessionSummary> received = co_await api().getSessions(scope, QString(), idToken);
+    auto preparing = [received = std::move(received)]() mutable { return prepare(std::move(received)); };
+    const QFuture<Loaded> prepared = onWorker(std::move(preparing));
+    const Loaded loaded = co_await prepared;
+    Store store = [this, loaded] { show(loaded); };
+    co_return store;
 }
 
 SessionsModel::Loaded SessionsModel::prepare(QList<SessionSummary> received)

@@ -39,9 +39,12 @@ public:
     /// What the list is about, under its title.
     QString subtitle() const;
 
-    /// Loads the list for the active role.
-    QCoro::Task<> load() override;
     void refresh() override;
+
+protected:
+    /// For the active role.
+    QCoro::Task<Store> fetch(QString idToken) override;
+    QString loadFailureTitle() const override;
 
 private:
     /// The sessions in display order with their rows.
@@ -63,7 +66,6 @@ private:
     QList<SessionSummary> sessions_;
     std::optional<SessionSummary> selectedSession_;
     std::shared_ptr<SessionDetailModel> detail_;
-    Turns loads_;
     QPropertyNotifier onStatusFilter_;
     QPropertyNotifier onRole_;
 };
