@@ -51,6 +51,10 @@ void Chip::draw(QPainter& painter, const QRectF& box, const QString& symbol, Loo
     case Look::plain:
         fill = Palette::color(Brand::card);
         break;
+    case Look::idle:
+        fill = Palette::color(Brand::panel);
+        tone = Brand::muted;
+        break;
     case Look::onDark:
         fill = Palette::color(Brand::onDarkTitle, Brand::onDarkTileOpacity);
         tone = Brand::onDarkTitle;

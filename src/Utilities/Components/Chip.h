@@ -12,6 +12,7 @@ public:
     {
         soft, ///< on cards
         plain, ///< on a selected row
+        idle, ///< for what is out of use
         onDark, ///< on darkGradient
         dark, ///< filled with darkGradient
     };

@@ -13,6 +13,7 @@ struct ListRow
     QString metaSymbol = {}; ///< before the meta line
     QString meta = {}; ///< the last line; set a little apart where the list has a meta line
     QString chip = {}; ///< symbol of the chip before the texts
+    bool isIdle = false; ///< what the row stands for is out of use, which dims the chip
     QString trailing = {}; ///< a word at the trailing end of the last line
 
     /// How the row is read out: title first, then what stands under and beside it.

@@ -47,6 +47,13 @@ void paintBackground(QPainter& painter, const QRect& area, QStyle::State state)
 
 } // namespace
 
+static Chip::Look chipLook(const ListRow& row, QStyle::State state)
+{
+    if (row.isIdle)
+        return Chip::Look::idle;
+    return state & QStyle::State_Selected ? Chip::Look::plain : Chip::Look::soft;
+}
+
 /// Where the parts of a row are, from left to right; mirrored when painted.
 struct ListRowDelegate::Places
 {
@@ -148,8 +155,7 @@ void ListRowDelegate::paint(
     else if (!isLast)
         paintDivider(*painter, places.row);
     if (options_.chip)
-        Chip::draw(*painter, visual(places.chip), row.chip,
-            option.state & QStyle::State_Selected ? Chip::Look::plain : Chip::Look::soft);
+        Chip::draw(*painter, visual(places.chip), row.chip, chipLook(row, option.state));
     PlainText::draw(*painter, visual(places.title), row.title, Type::strong, Palette::color(Brand::ink));
     if (row.showsPill()) {
         const QRect box(places.pillTopRight.x() - places.pillWidth, places.pillTopRight.y(), places.pillWidth,

@@ -11,6 +11,9 @@ ListRow listRow(const QModelIndex& index)
     row.lines = QStringList{index.data(RowListModel::SecondaryRole).toString()};
     row.metaSymbol = index.data(RowListModel::MetaIconRole).toString();
     row.meta = index.data(RowListModel::MetaRole).toString();
+    row.chip = row.metaSymbol;
+    row.isIdle = index.data(RowListModel::IdleRole).toBool();
+    row.trailing = index.data(RowListModel::TrailingRole).toString();
     row.pill = index.data(RowListModel::PillRole).toString();
     return row;
 }

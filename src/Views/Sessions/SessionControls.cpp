@@ -13,6 +13,7 @@
 #include "Components/TextField.h"
 #include "Launch.h"
 #include "Layouts.h"
+#include "Lists/WorkButtons.h"
 #include "Sessions/SessionDetailModel.h"
 
 using namespace Qt::StringLiterals;
@@ -69,15 +70,6 @@ static FieldGrid* scheduleFields(SessionDetailModel& model)
         textField(u"Confirmed Time"_s, u"h:mm AM"_s, model.confirmedTime), FieldGrid::third, FieldGrid::half);
     grid->add(textField(u"Proposed Fee"_s, u"0.00"_s, model.proposedFee), FieldGrid::third, FieldGrid::half);
     return grid;
-}
-
-/// The button shows its own change on its way, and waits for any other one.
-static void showWork(Button* button, SessionDetailModel& model, Work work)
-{
-    follow(button, model.work, [button, work](Work now) {
-        button->setLoading(now == work);
-        button->setEnabled(now == work || now == Work::none);
-    });
 }
 
 static Card* card(const QString& title, FieldGrid* fields, QLayout* buttons)

@@ -5,6 +5,7 @@
 #include "Components/SecondaryButton.h"
 #include "Launch.h"
 #include "Layouts.h"
+#include "Lists/WorkButtons.h"
 #include "Sessions/SessionControls.h"
 #include "Sessions/SessionDetailModel.h"
 #include "Sessions/SessionDocumentsCard.h"
@@ -70,11 +71,7 @@ Card* SessionDetailPage::makeSummary()
     connect(&model_, &SessionDetailModel::sessionChanged, summary, show);
 
     SecondaryButton* cancel = summary->cancelButton();
-    follow(cancel, model_.work, [cancel](SessionDetailModel::Work now) {
-        cancel->setLoading(now == SessionDetailModel::Work::cancellation);
-        cancel->setEnabled(
-            now == SessionDetailModel::Work::cancellation || now == SessionDetailModel::Work::none);
-    });
+    showWork(cancel, model_, SessionDetailModel::Work::cancellation);
     connect(cancel, &Button::clicked, this, [this, cancel] {
         const auto* question = QuestionDialog::ask(cancel, SessionDetailModel::cancelQuestion());
         connect(question, &QDialog::accepted, this, [this] { launch(model_.cancel()); });

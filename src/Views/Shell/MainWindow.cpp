@@ -2,6 +2,9 @@
 
 #include "Account/LoginView.h"
 #include "Account/SettingsContentView.h"
+#include "Admin/AdminNotariesView.h"
+#include "Admin/AdminRecordsView.h"
+#include "Admin/AdminUsersView.h"
 #include "Booking/BookRemoteNotaryView.h"
 #include "Components/EmptyStateView.h"
 #include "Dashboards/AdminDashboardView.h"
@@ -123,8 +126,7 @@ QWidget* MainWindow::makeScreen()
 QWidget* MainWindow::makeSectionScreen()
 {
     const ScreenContext& context = model_.context();
-    const AppSection section = model_.selectedSection();
-    switch (section) {
+    switch (model_.selectedSection()) {
     case AppSection::dashboard:
         return new DashboardHomeView(DashboardHomeModel(context));
     case AppSection::book:
@@ -140,10 +142,11 @@ QWidget* MainWindow::makeSectionScreen()
     case AppSection::adminDashboard:
         return new AdminDashboardView(std::make_shared<AdminDashboardModel>(context));
     case AppSection::adminRecords:
+        return new AdminRecordsView(std::make_shared<AdminRecordsModel>(context));
     case AppSection::adminUsers:
+        return new AdminUsersView(std::make_shared<AdminUsersModel>(context));
     case AppSection::adminNotaries:
-        break;
+        return new AdminNotariesView(std::make_shared<AdminNotariesModel>(context));
     }
-    return new EmptyStateView(
-        systemImage(section), title(section), u"This workspace is not part of this version yet."_s);
+    Q_UNREACHABLE();
 }

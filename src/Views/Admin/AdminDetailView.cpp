@@ -1,0 +1,66 @@
+#include "Admin/AdminDetailView.h"
+
+#include "Accessibility.h"
+#include "AlertPresenter.h"
+#include "Components/Card.h"
+#include "Components/DestructiveButton.h"
+#include "Components/PrimaryButton.h"
+#include "Components/SectionTitle.h"
+#include "Launch.h"
+#include "Layouts.h"
+#include "Lists/WorkButtons.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int widest = 760;
+constexpr int aboveButtons = 20;
+
+} // namespace
+
+AdminDetailView::AdminDetailView(std::shared_ptr<AdminDetailModel> model, QWidget* parent)
+    : Page(widest, Place::detail, parent), model_(std::move(model)), card_(new Card),
+      rows_(Layouts::column(Spacing::fieldsDown))
+{
+    const AdminDetailModel::Texts texts = model_->texts();
+    card_->add(new SectionTitle(texts.heading));
+    card_->add(rows_, Spacing::fieldsDown);
+    Accessibility::setRole(card_, QAccessible::Grouping);
+    card_->setAccessibleName(texts.heading);
+    column()->addWidget(card_);
+    const auto fit
+        = [this](bool compact) { card_->setPadding(compact ? Spacing::cardCompact : Spacing::card); };
+    fit(isCompact());
+    connect(this, &Page::compactChanged, this, fit);
+    presentAlerts(this, model_->alert, [model = model_] { model->dismissAlert(); });
+}
+
+void AdminDetailView::addRow(std::initializer_list<Cell> cells)
+{
+    auto* row = Layouts::row(Spacing::fieldsAcross);
+    for (const Cell& cell : cells)
+        row->addWidget(cell.field, cell.share, Qt::AlignBottom);
+    rows_->addLayout(row);
+}
+
+void AdminDetailView::add(QWidget* block)
+{
+    rows_->addWidget(block);
+}
+
+void AdminDetailView::addButtons()
+{
+    using Work = EditPaneModel::Work;
+    auto* remove = new DestructiveButton(u"Delete"_s, u"trash"_s);
+    showWork(remove, *model_, Work::deletion);
+    connect(remove, &Button::clicked, this, [this] { launch(model_->deleteRecord()); });
+    auto* save = new PrimaryButton(model_->texts().save, u"checkmark.circle"_s);
+    showWork(save, *model_, Work::adminChanges);
+    connect(save, &Button::clicked, this, [this] { launch(model_->save()); });
+
+    auto* buttons = Layouts::row(Spacing::buttons, {remove});
+    buttons->addStretch();
+    buttons->addWidget(save);
+    card_->add(buttons, aboveButtons);
+}
