@@ -152,11 +152,14 @@ static std::string nextReference(soci::session& sql, Moment now)
     return "RN-" + day + '-' + digits;
 }
 
-static void remember(soci::session& sql, const Session& session, Id by, Moment now)
+// Another appointment or another contact is no other status.
+static void rememberStatus(soci::session& sql, const Session& session, Id by, Moment now)
 {
     Query(sql,
         "insert into status_history(session_id, user_id, status, note, changed_at)"
-        " values(:session, nullif(:user, 0), :status, :note, :now)")
+        " select :session, nullif(:user, 0), :status, :note, :now where not exists (select 1 from"
+        " (select status, note from status_history where session_id = :session order by id desc limit 1)"
+        " where status = :status and note = :note)")
         .bind("session", session.id)
         .bind("user", by)
         .bind("status", session.status)
@@ -201,7 +204,7 @@ Session createSession(soci::session& sql, Session session, Moment now)
     query.bind("request", session.requestJson).bind("now", stamp(now));
     query.run();
     session.id = lastId(sql);
-    remember(sql, session, session.ownerId, now);
+    rememberStatus(sql, session, session.ownerId, now);
     return session;
 }
 
@@ -224,7 +227,7 @@ void updateSession(soci::session& sql, const Session& session, Id by, Moment now
     query.bind("scheduled_time", session.scheduledTime).bind("fee", session.proposedFee);
     query.bind("now", stamp(now)).bind("id", session.id);
     query.run();
-    remember(sql, session, by, now);
+    rememberStatus(sql, session, by, now);
 }
 
 AcceptResult acceptSession(soci::session& sql, const Account& notary, Id id, Moment now)

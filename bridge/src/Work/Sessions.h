@@ -41,7 +41,7 @@ Session writableSession(soci::session& sql, const Account& account, Id id);
 /// Stores a new session under the next reference of the day.
 Session createSession(soci::session& sql, Session session, Moment now);
 
-/// Stores what the office and the notary may change, and the new status in the history.
+/// Stores what the office and the notary may change, and another status or note in the history.
 /// \param by  the account that changes it
 void updateSession(soci::session& sql, const Session& session, Id by, Moment now);
 
