@@ -1,8 +1,7 @@
 #include "BrandStyle.h"
 #include "Sessions/SessionsView.h"
+#include "SignedIn.h"
 #include "support/EventLoop.h"
-#include "support/FakeWebSession.h"
-#include "support/InMemoryDefaults.h"
 
 #include <benchmark/benchmark.h>
 
@@ -46,38 +45,6 @@ void parseAlone(benchmark::State& state)
     for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(JSONValue::parse(answer));
 }
-
-class NoOpens : public SystemOpen
-{
-public:
-    bool openWebsite(const QUrl&) override { return false; }
-    bool composeMail(const QString&) override { return false; }
-};
-
-/// Somebody signed in, before a web session that answers when it is told to.
-struct SignedIn
-{
-    SignedIn()
-    {
-        config.bridgeBaseURL = QUrl(u"https://notary.example/mobile-bridge/v1"_s);
-        AuthUser user;
-        user.localId = u"priya"_s;
-        user.idToken = u"token"_s;
-        auth.user = user;
-    }
-
-    AppConfig config;
-    NotificationCenter notifications;
-    SignInEpoch epoch;
-    InMemoryDefaults defaults;
-    NoOpens opens;
-    AppRouter router{notifications};
-    FakeWebSession session;
-    Backend backend{session, notifications, epoch, config};
-    AuthManager auth{backend, defaults};
-    LeaveGuard leaving;
-    ScreenContext context{auth, router, opens, backend, leaving};
-};
 
 /// From the answer's arrival until the list with its first rows is painted.
 void showSessions(benchmark::State& state)

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Screen/ScreenContext.h"
+#include "support/FakeWebSession.h"
+#include "support/InMemoryDefaults.h"
+
+class NoOpens : public SystemOpen
+{
+public:
+    bool openWebsite(const QUrl&) override { return false; }
+    bool composeMail(const QString&) override { return false; }
+};
+
+/// Somebody signed in, before a web session that answers when it is told to.
+struct SignedIn
+{
+    SignedIn()
+    {
+        config.bridgeBaseURL = QUrl(QStringLiteral("https://notary.example/mobile-bridge/v1"));
+        AuthUser user;
+        user.localId = QStringLiteral("priya");
+        user.idToken = QStringLiteral("token");
+        auth.user = user;
+    }
+
+    AppConfig config;
+    NotificationCenter notifications;
+    SignInEpoch epoch;
+    InMemoryDefaults defaults;
+    NoOpens opens;
+    AppRouter router{notifications};
+    FakeWebSession session;
+    Backend backend{session, notifications, epoch, config};
+    AuthManager auth{backend, defaults};
+    LeaveGuard leaving;
+    ScreenContext context{auth, router, opens, backend, leaving};
+};
