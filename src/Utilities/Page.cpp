@@ -29,10 +29,11 @@ void Page::resizeEvent(QResizeEvent* event)
 
 void Page::arrange()
 {
-    const bool isDetail = place_ == Place::detail;
+    const bool isDetail = place_ != Place::screen;
     const int compactBelow = isDetail ? Spacing::compactDetailBelow : Spacing::compactBelow;
     const bool compact = width() < Type::scaled(compactBelow);
-    const int padding = isDetail ? (compact ? Spacing::detailCompact : Spacing::detail)
+    const int detail = place_ == Place::pane ? Spacing::pane : Spacing::detail;
+    const int padding = isDetail ? (compact ? Spacing::detailCompact : detail)
                                  : (compact ? Spacing::pageCompact : Spacing::page);
     const int spare = std::max(0, viewport()->width() - 2 * padding - maxWidth_);
     const int before = isDetail ? 0 : spare / 2;

@@ -15,6 +15,7 @@ public:
     {
         screen, ///< the whole content area; the column is centred in it
         detail, ///< beside a list; the column keeps to its leading edge
+        pane, ///< the same with more room around, for one card alone
     };
 
     /// \param maxWidth  of the column, in pixels, without the room around it

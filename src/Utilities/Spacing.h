@@ -8,6 +8,7 @@ namespace Spacing {
 inline constexpr int page = 28;
 inline constexpr int pageCompact = 20;
 inline constexpr int detail = 20;
+inline constexpr int pane = 24;
 inline constexpr int detailCompact = 16;
 inline constexpr int card = 20;
 inline constexpr int cardCompact = 16;

@@ -57,6 +57,8 @@ TEST(Bind, KeepsATextFieldAndItsPropertyEqual)
     EXPECT_EQ(field.text(), u"Ada"_s);
     property = u"Grace"_s;
     EXPECT_EQ(field.text(), u"Grace"_s);
+    EXPECT_EQ(field.lineEdit()->cursorPosition(), 0) << "a text is shown from its beginning";
+    QTest::keyClick(field.lineEdit(), Qt::Key_End);
     QTest::keyClicks(field.lineEdit(), u" H"_s);
     EXPECT_EQ(property.value(), u"Grace H"_s);
 }

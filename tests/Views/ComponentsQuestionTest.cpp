@@ -103,6 +103,7 @@ TEST_F(ComponentsQuestion, GoesWithWhoeverAsked)
 {
     const QPointer dialog = ask();
     delete field;
+    QApplication::processEvents();
     EXPECT_EQ(answers, QStringList{u"no"_s});
     finishClosing();
     EXPECT_TRUE(dialog.isNull());
@@ -163,15 +164,24 @@ TEST_F(ComponentsQuestion, APresentedQuestionFollowsItsProperty)
 
 TEST_F(ComponentsQuestion, AQuestionAskedByTheAnswerToOneIsShown)
 {
+    const Question another{u"Another?"_s, {}, u"Yes"_s, u"No"_s};
     QProperty<std::optional<Question>> asked;
-    presentQuestions(field, asked, [&](bool) {
+    QList<bool> given;
+    presentQuestions(field, asked, [&](bool yes) {
+        given += yes;
         asked = std::nullopt;
-        asked = Question{u"Another?"_s, {}, u"Yes"_s, u"No"_s};
+        if (given.size() == 1)
+            asked = another;
     });
     asked = question;
     QTest::mouseClick(window.findChild<QuestionDialog*>()->noButton(), Qt::LeftButton);
     finishClosing();
-    ASSERT_NE(window.findChild<QuestionDialog*>(), nullptr);
-    EXPECT_EQ(window.findChild<QuestionDialog*>()->title(), u"Another?"_s);
-    EXPECT_TRUE(window.findChild<QuestionDialog*>()->noButton()->hasFocus());
+    auto* dialog = window.findChild<QuestionDialog*>();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->title(), u"Another?"_s);
+    EXPECT_TRUE(dialog->noButton()->hasFocus());
+    QTest::mouseClick(dialog->yesButton(), Qt::LeftButton);
+    finishClosing();
+    EXPECT_EQ(given, (QList<bool>{false, true}));
+    EXPECT_EQ(window.findChild<QuestionDialog*>(), nullptr);
 }

@@ -3,8 +3,10 @@
 #include "Account/LoginView.h"
 #include "Account/SettingsContentView.h"
 #include "Booking/BookRemoteNotaryView.h"
+#include "Components/Button.h"
 #include "Components/ComboBox.h"
 #include "Components/EmptyStateView.h"
+#include "Components/QuestionDialog.h"
 #include "Components/SidebarEntry.h"
 #include "Palette.h"
 #include "ScreensViewTest.h"
@@ -152,6 +154,85 @@ TEST_F(MainWindowTest, AHalfWrittenBookingSurvivesAVisitElsewhereAndIsForgottenA
     settle();
     EXPECT_EQ(model.booking()->details.value(), QString());
     answer(requestCount() - 1, "{}");
+}
+
+/// A screen that holds something unsaved, in the sessions section of somebody with two roles.
+class MainWindowLeaving : public MainWindowTest
+{
+protected:
+    MainWindowLeaving()
+    {
+        signIn(account(u"maya"_s, {AppRole::notary}), AppRole::notary);
+        router.open(AppSection::sessions);
+        settle();
+        EXPECT_EQ(QApplication::activeWindow(), &window) << "no part of a screen is a window of its own";
+        answer(requestCount() - 1, "[]");
+        leaving.watch(&screen, [] { return LeaveGuard::Unfinished::edits; });
+    }
+
+    QuestionDialog* question() { return window.findChild<QuestionDialog*>(); }
+    void answerQuestion(bool leaves)
+    {
+        click(leaves ? question()->yesButton() : question()->noButton());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    QObject screen;
+};
+
+TEST_F(MainWindowLeaving, AnEntryOfTheSidebarAsksFirst)
+{
+    click(named<SidebarEntry>(window, u"Settings"_s));
+    ASSERT_NE(question(), nullptr);
+    EXPECT_TRUE(isShowing<SessionsView>());
+    EXPECT_TRUE(named<SidebarEntry>(window, u"Sessions"_s)->isChecked());
+    EXPECT_FALSE(named<SidebarEntry>(window, u"Settings"_s)->isChecked());
+    answerQuestion(false);
+    EXPECT_TRUE(isShowing<SessionsView>());
+
+    click(named<SidebarEntry>(window, u"Settings"_s));
+    answerQuestion(true);
+    EXPECT_TRUE(isShowing<SettingsContentView>());
+    EXPECT_EQ(question(), nullptr);
+}
+
+TEST_F(MainWindowLeaving, AShortcutAsksFirst)
+{
+    press(Qt::CTRL | Qt::Key_Comma);
+    ASSERT_NE(question(), nullptr);
+    press(Qt::CTRL | Qt::SHIFT | Qt::Key_B);
+    EXPECT_TRUE(isShowing<SessionsView>());
+    EXPECT_EQ(window.findChildren<QuestionDialog*>().size(), 1)
+        << "one question, wherever the person wants to go";
+    answerQuestion(true);
+    EXPECT_TRUE(isShowing<BookRemoteNotaryView>()) << "the last wish counts";
+    answer(requestCount() - 1, "{}");
+}
+
+TEST_F(MainWindowLeaving, AnotherRoleAsksFirst)
+{
+    auto* picker = named<ComboBox>(window, u"Role"_s);
+    picker->setFocus();
+    QTest::keyClick(picker, Qt::Key_Home);
+    ASSERT_NE(question(), nullptr);
+    EXPECT_EQ(auth.role(), AppRole::notary);
+    answerQuestion(false);
+    EXPECT_EQ(picker->value(), u"notary"_s) << "the picker tells the truth again";
+
+    QTest::keyClick(picker, Qt::Key_Home);
+    answerQuestion(true);
+    EXPECT_EQ(auth.role(), AppRole::client);
+    EXPECT_EQ(line(requestCount() - 1), u"GET /remote-notary/sessions"_s);
+}
+
+TEST_F(MainWindowLeaving, ASignOutEndsTheQuestion)
+{
+    click(named<SidebarEntry>(window, u"Settings"_s));
+    auth.signOut();
+    settle();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(question(), nullptr);
+    EXPECT_TRUE(isShowing<SettingsContentView>());
 }
 
 TEST_F(MainWindowTest, ChoosingDarkColoursTheWindowAtOnceAndIsStored)

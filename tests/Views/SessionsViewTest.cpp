@@ -7,7 +7,7 @@
 #include "Components/SearchField.h"
 #include "Lists/RowListView.h"
 #include "ScreensViewTest.h"
-#include "Sessions/SessionSummaryCard.h"
+#include "Sessions/SessionDetailView.h"
 
 using namespace Qt::StringLiterals;
 
@@ -30,10 +30,13 @@ protected:
         show(*view);
     }
 
+    /// The list has been loaded, and the detail of its first session waits for the answer.
     void openLoaded()
     {
         open();
-        answer(requestCount() - 1, threeSessions);
+        answer(0, threeSessions);
+        ASSERT_EQ(requestCount(), 2);
+        EXPECT_EQ(line(1), u"GET /remote-notary/sessions/2"_s);
     }
 
     RowListView* list() { return view->findChild<RowListView*>(); }
@@ -72,6 +75,7 @@ TEST_F(SessionsViewTest, SaysThatItLoadsUntilItShowsRows)
     open();
     EXPECT_TRUE(isShown<LoadingLine>());
     answer(0, threeSessions);
+    EXPECT_EQ(line(1), u"GET /remote-notary/sessions/2"_s);
     EXPECT_FALSE(isShown<LoadingLine>());
     EXPECT_EQ(rows(),
         QStringList({u"<b>Tomas</b> Alder, 2025-06-03, Remote notary session, requested"_s,
@@ -88,7 +92,8 @@ TEST_F(SessionsViewTest, AClickSelectsARowAndShowsItsSession)
     settle();
     EXPECT_EQ(model->selectedSession()->id, 1);
     EXPECT_EQ(list()->currentIndex().row(), 2);
-    EXPECT_TRUE(isShown<SessionSummaryCard>());
+    EXPECT_EQ(line(2), u"GET /remote-notary/sessions/1"_s);
+    EXPECT_TRUE(isShown<SessionDetailView>());
 }
 
 TEST_F(SessionsViewTest, TheArrowKeysGoFromTheSearchThroughTheList)
@@ -100,6 +105,7 @@ TEST_F(SessionsViewTest, TheArrowKeysGoFromTheSearchThroughTheList)
     QTest::keyClick(list(), Qt::Key_Down);
     settle();
     EXPECT_EQ(model->selectedSession()->id, 3);
+    EXPECT_EQ(line(2), u"GET /remote-notary/sessions/3"_s);
 }
 
 TEST_F(SessionsViewTest, EachKeystrokeFiltersAndEscapeShowsAllAgain)
@@ -137,11 +143,13 @@ TEST_F(SessionsViewTest, AReloadKeepsRowsSelectionAndPlace)
 {
     openLoaded();
     model->select(1);
+    EXPECT_EQ(line(2), u"GET /remote-notary/sessions/1"_s);
     QTest::keyClick(view.get(), Qt::Key_F5);
     settle();
-    ASSERT_EQ(requestCount(), 2);
+    ASSERT_EQ(requestCount(), 5);
+    EXPECT_EQ(line(4), u"GET /remote-notary/sessions/1"_s) << "the detail is loaded again too";
     EXPECT_EQ(rows().size(), 3) << "the list stays while it loads again";
-    answer(1, threeSessions);
+    answer(3, threeSessions);
     EXPECT_EQ(model->selectedSession()->id, 1);
     EXPECT_EQ(list()->currentIndex().row(), 2);
 }
@@ -151,7 +159,8 @@ TEST_F(SessionsViewTest, AFailedReloadIsOneAlertAndKeepsTheList)
     openLoaded();
     QTest::keyClick(view.get(), Qt::Key_F5);
     settle();
-    fail(1);
+    EXPECT_EQ(line(3), u"GET /remote-notary/sessions/2"_s);
+    fail(2);
     const auto* alert = view->findChild<AlertDialog*>();
     ASSERT_NE(alert, nullptr);
     EXPECT_EQ(alert->title(), u"Cannot Load Sessions"_s);

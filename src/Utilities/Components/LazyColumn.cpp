@@ -172,10 +172,11 @@ void LazyColumn::rangeChanged()
     arrange(anchor());
 }
 
-/// Where the view's upper edge is in this column.
+/// Where the view's upper edge is in this column; at its beginning while it is not in the page yet.
 int LazyColumn::viewTop() const
 {
-    return mapFrom(page_.viewport(), QPoint()).y();
+    const QWidget* view = page_.viewport();
+    return view->isAncestorOf(this) ? mapFrom(view, QPoint()).y() : 0;
 }
 
 /// The row that covers a line, or the one above it.
@@ -191,7 +192,8 @@ LazyColumn::Anchor LazyColumn::anchor() const
     if (top <= 0 || keys_.isEmpty())
         return {};
     const qsizetype row = rowAt(top);
-    return {row, top - tops_[static_cast<size_t>(row)]};
+    const auto at = static_cast<size_t>(row);
+    return {row, double(top - tops_[at]) / std::max(1, tops_[at + 1] - tops_[at])};
 }
 
 void LazyColumn::arrange(Anchor anchor)
@@ -231,10 +233,12 @@ void LazyColumn::layOut()
 /// \returns where the view's upper edge is then
 int LazyColumn::restore(Anchor anchor)
 {
-    if (followsEnd_ && isAtEnd_)
+    if (followsEnd_ && isAtEnd_) {
         page_.verticalScrollBar()->setValue(page_.verticalScrollBar()->maximum());
-    else if (anchor.row >= 0)
-        scrollBy(tops_[static_cast<size_t>(anchor.row)] + anchor.above - viewTop());
+    } else if (anchor.row >= 0) {
+        const auto at = static_cast<size_t>(anchor.row);
+        scrollBy(tops_[at] + qRound(anchor.above * (tops_[at + 1] - tops_[at])) - viewTop());
+    }
     return viewTop();
 }
 

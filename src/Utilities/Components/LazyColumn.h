@@ -68,7 +68,7 @@ private:
     struct Anchor
     {
         qsizetype row = -1;
-        int above = 0; ///< pixels of the row that are out of view
+        double above = 0; ///< share of the row that is out of view
     };
 
     void scrolled();

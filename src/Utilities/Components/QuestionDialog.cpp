@@ -7,7 +7,8 @@ QuestionDialog* QuestionDialog::ask(QWidget* asker, const Question& question)
 {
     auto* dialog = new QuestionDialog(asker->window());
     dialog->setQuestion(question);
-    connect(asker, &QObject::destroyed, dialog, &QDialog::reject);
+    // Later, because the focus must not move through what is being taken down.
+    connect(asker, &QObject::destroyed, dialog, &QDialog::reject, Qt::QueuedConnection);
     dialog->present(dialog->no_);
     return dialog;
 }

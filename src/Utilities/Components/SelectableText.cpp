@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QTextBlock>
+#include <QWheelEvent>
 
 #include <cmath>
 
@@ -34,7 +35,7 @@ SelectableText::SelectableText(const QString& text, const Type::Style& style, QW
     document()->setDocumentMargin(0);
     setPlainText(PlainText::printable(text));
     setLineHeight(Type::lineHeight(style));
-    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
 }
@@ -86,4 +87,9 @@ void SelectableText::focusOutEvent(QFocusEvent* event)
     QTextCursor cursor = textCursor();
     cursor.clearSelection();
     setTextCursor(cursor);
+}
+
+void SelectableText::wheelEvent(QWheelEvent* event)
+{
+    event->ignore();
 }

@@ -25,7 +25,7 @@ protected:
     /// Drops the selection, so that at most one text shows one.
     void focusOutEvent(QFocusEvent* event) override;
     /// Whatever the text lies in scrolls.
-    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     void setLineHeight(int height);

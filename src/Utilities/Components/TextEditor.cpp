@@ -25,14 +25,16 @@ public:
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         setFixedHeight(Type::scaled(height));
         constexpr int down = 11;
-        setPadding(down);
+        setPadding(down, down);
     }
 
     void setGrowing(int mostLines)
     {
         const int lineHeight = fontMetrics().lineSpacing();
         const int padding = (Height::control() - lineHeight) / 2;
-        setPadding(padding);
+        // Without a little room to spare at the end the box would scroll.
+        constexpr int spare = 2;
+        setPadding(padding, padding - spare);
         const auto fit = [this, lineHeight, padding, mostLines] {
             // The layout of a plain text counts in lines.
             const int lines = static_cast<int>(document()->size().height());
@@ -75,12 +77,12 @@ protected:
     }
 
 private:
-    void setPadding(int down)
+    void setPadding(int above, int below)
     {
         // The document has a margin of its own.
         const int ownMargin = qRound(document()->documentMargin());
         const int across = Spacing::fieldPadding + 1 - ownMargin;
-        setViewportMargins(across, down - ownMargin, across, down - ownMargin);
+        setViewportMargins(across, above - ownMargin, across, below - ownMargin);
     }
 };
 

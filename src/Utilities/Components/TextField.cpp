@@ -21,8 +21,12 @@ QString TextField::text() const
 
 void TextField::setText(const QString& text)
 {
-    if (text != edit_->text())
-        edit_->setText(text);
+    if (text == edit_->text())
+        return;
+    edit_->setText(text);
+    // A long text is shown from its beginning until somebody works in it.
+    if (!edit_->hasFocus())
+        edit_->home(false);
 }
 
 void TextField::setPlaceholder(const QString& placeholder)

@@ -15,17 +15,18 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int widest = 760;
-constexpr int aboveButtons = 20;
+constexpr int betweenParts = 20;
+constexpr int stackedBelow = 380;
 
 } // namespace
 
 AdminDetailView::AdminDetailView(std::shared_ptr<AdminDetailModel> model, QWidget* parent)
-    : Page(widest, Place::detail, parent), model_(std::move(model)), card_(new Card),
+    : Page(widest, Place::pane, parent), model_(std::move(model)), card_(new Card),
       rows_(Layouts::column(Spacing::fieldsDown))
 {
     const AdminDetailModel::Texts texts = model_->texts();
     card_->add(new SectionTitle(texts.heading));
-    card_->add(rows_, Spacing::fieldsDown);
+    card_->add(rows_, betweenParts);
     Accessibility::setRole(card_, QAccessible::Grouping);
     card_->setAccessibleName(texts.heading);
     column()->addWidget(card_);
@@ -42,11 +43,12 @@ void AdminDetailView::addRow(std::initializer_list<Cell> cells)
     for (const Cell& cell : cells)
         row->addWidget(cell.field, cell.share, Qt::AlignBottom);
     rows_->addLayout(row);
+    fieldRows_ += row;
 }
 
-void AdminDetailView::add(QWidget* block)
+void AdminDetailView::addBlock(QWidget* block)
 {
-    rows_->addWidget(block);
+    card_->add(block, betweenParts);
 }
 
 void AdminDetailView::addButtons()
@@ -62,5 +64,15 @@ void AdminDetailView::addButtons()
     auto* buttons = Layouts::row(Spacing::buttons, {remove});
     buttons->addStretch();
     buttons->addWidget(save);
-    card_->add(buttons, aboveButtons);
+    card_->add(buttons, betweenParts);
+}
+
+void AdminDetailView::resizeEvent(QResizeEvent* event)
+{
+    const bool isStacked = width() < Type::scaled(stackedBelow);
+    for (QBoxLayout* row : std::as_const(fieldRows_)) {
+        row->setDirection(isStacked ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+        row->setSpacing(isStacked ? Spacing::fieldsDown : Spacing::fieldsAcross);
+    }
+    Page::resizeEvent(event);
 }

@@ -2,6 +2,7 @@
 
 #include "Admin/AdminFields.h"
 #include "Components/Switch.h"
+#include "Layouts.h"
 #include "Spacing.h"
 
 using namespace Qt::StringLiterals;
@@ -13,6 +14,8 @@ AdminNotaryDetailView::AdminNotaryDetailView(
     auto* active = new Switch(u"Active"_s);
     active->setFixedHeight(Height::control());
     bind(active, model->isActive);
+    auto* activeRow = Layouts::row(0, {active});
+    activeRow->addStretch();
 
     addRow({{AdminFields::text(u"Name"_s, model->name)}});
     addRow(
@@ -21,6 +24,6 @@ AdminNotaryDetailView::AdminNotaryDetailView(
         {AdminFields::text(u"Billing Status"_s, model->billingStatus)}});
     addRow({{AdminFields::text(u"Commission Number"_s, model->commissionNumber)},
         {AdminFields::text(u"Commission Expiration"_s, model->commissionExpiration)}});
-    addRow({{active}, {AdminFields::newPassword(model->password)}});
+    addRow({{Layouts::holding(activeRow)}, {AdminFields::newPassword(model->password)}});
     addButtons();
 }

@@ -9,7 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-static constexpr int betweenSigners = 12;
+static constexpr int betweenSigners = 8;
 
 static void showSigners(QLayout* lines, const QList<QString>& names)
 {
@@ -46,7 +46,7 @@ AdminRecordDetailView::AdminRecordDetailView(
     addRow({{AdminFields::text(u"Contact Phone"_s, model->contactPhone)},
         {AdminFields::text(u"Date"_s, model->scheduledDate)},
         {AdminFields::text(u"Time"_s, model->scheduledTime)}});
-    add(notes);
-    add(signersBlock(*model));
+    addRow({{notes}});
+    addBlock(signersBlock(*model));
     addButtons();
 }

@@ -7,6 +7,7 @@
 #include "Components/SoftDivider.h"
 #include "Layouts.h"
 #include "Palette.h"
+#include "PlainText.h"
 #include "Spacing.h"
 
 #include <QKeyEvent>
@@ -25,9 +26,8 @@ constexpr int headerPadding = 16;
 
 ListDetailView::ListDetailView(
     const Texts& texts, RowListModel& rows, const ListRowDelegate::Options& rowShape, QWidget* parent)
-    : QWidget(parent), pane_(new QWidget(this)),
-      titleRow_(Layouts::row(Spacing::buttons, {new PlainLabel(texts.title, Type::title)})),
-      subtitle_(new PlainLabel({}, Type::small, Brand::steel)),
+    : QWidget(parent), pane_(new QWidget(this)), title_(new PlainLabel(texts.title, Type::title)),
+      titleRow_(Layouts::row(Spacing::buttons)), subtitle_(new PlainLabel({}, Type::small, Brand::steel)),
       search_(new SearchField(texts.searchPlaceholder)), filters_(Layouts::row(Spacing::fieldsAcross)),
       list_(new RowListView(texts.title, rows, rowShape)), listArea_(new QStackedLayout)
 {
@@ -42,13 +42,13 @@ ListDetailView::ListDetailView(
 QWidget* ListDetailView::makeHeader()
 {
     auto* column = Layouts::column(0);
+    titleRow_->addWidget(title_, 1);
     column->addLayout(titleRow_);
     column->setContentsMargins(headerPadding, 20, headerPadding, 12);
     column->addSpacing(4);
     column->addWidget(subtitle_);
     column->addSpacing(12);
     column->addWidget(search_);
-    column->addSpacing(12);
     column->addLayout(filters_);
     return Layouts::holding(column);
 }
@@ -60,10 +60,12 @@ QWidget* ListDetailView::makeListArea(const Texts& texts)
     loading->addStretch();
     loadingPlace_ = Layouts::holding(loading);
     emptyPlace_ = new EmptyStateView(texts.emptyIcon, texts.emptyTitle, texts.emptyMessage);
+    // A stack without a widget would show its first page as a window of its own.
+    QWidget* area = Layouts::holding(listArea_);
     listArea_->addWidget(list_);
     listArea_->addWidget(loadingPlace_);
     listArea_->addWidget(emptyPlace_);
-    return Layouts::holding(listArea_);
+    return area;
 }
 
 void ListDetailView::setSubtitle(const QString& subtitle)
@@ -73,11 +75,23 @@ void ListDetailView::setSubtitle(const QString& subtitle)
 
 void ListDetailView::addAction(QWidget* button)
 {
-    titleRow_->addWidget(button);
+    titleRow_->addWidget(button, 0, Qt::AlignLeft | Qt::AlignVCenter);
+    arrangeTitle();
+}
+
+/// In a large text size the buttons go below the title.
+void ListDetailView::arrangeTitle()
+{
+    int needed = PlainText::width(title_->text(), Type::title);
+    for (int i = 1; i < titleRow_->count(); ++i)
+        needed += titleRow_->spacing() + titleRow_->itemAt(i)->sizeHint().width();
+    const bool fits = needed <= pane_->width() - 2 * headerPadding;
+    titleRow_->setDirection(fits ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
 }
 
 void ListDetailView::addFilter(QWidget* filter)
 {
+    filters_->setContentsMargins(0, Spacing::fieldsAcross, 0, 0);
     filters_->addWidget(filter);
 }
 
@@ -141,6 +155,7 @@ void ListDetailView::resizeEvent(QResizeEvent*)
 {
     const int paneWidth = std::clamp(int(width() * listShare), listLeast, listMost);
     pane_->setGeometry(0, 0, paneWidth, height());
+    arrangeTitle();
     if (detail_)
         detail_->setGeometry(rect().adjusted(paneWidth + 1, 0, 0, 0));
 }

@@ -55,9 +55,11 @@ protected:
 private:
     QWidget* makeHeader();
     QWidget* makeListArea(const Texts& texts);
+    void arrangeTitle();
     void updateListArea();
 
     QWidget* pane_;
+    PlainLabel* title_;
     QHBoxLayout* titleRow_;
     PlainLabel* subtitle_;
     SearchField* search_;

@@ -1,9 +1,7 @@
 #include "Sessions/MessagePieces.h"
 
-#include <algorithm>
-
 /// Where a piece may end that begins at `from` and must not be longer: behind the last line break in it, or
-/// else behind the last blank. Not in the middle of a character, however many units make it up.
+/// else behind the last blank, or else anywhere but within a surrogate pair.
 static qsizetype pieceEnd(QStringView text, qsizetype from, qsizetype longest)
 {
     const qsizetype most = from + longest;
@@ -14,7 +12,8 @@ static qsizetype pieceEnd(QStringView text, qsizetype from, qsizetype longest)
         return from + lineBreak + 1;
     if (const qsizetype blank = piece.lastIndexOf(u' '); blank >= 0)
         return from + blank + 1;
-    return text.at(most).isLowSurrogate() && longest > 1 ? most - 1 : most;
+    const bool isInPair = text.at(most - 1).isHighSurrogate() && text.at(most).isLowSurrogate();
+    return isInPair && longest > 1 ? most - 1 : most;
 }
 
 QList<TextPiece> textPieces(const QString& text, qsizetype longest)

@@ -48,7 +48,7 @@ QWidget* SessionDocumentList::makeRow(qsizetype index)
 
 int SessionDocumentList::estimatedHeight(qsizetype index, int) const
 {
-    return SessionDocumentRow::height(documents_.at(index), dividerOf(index));
+    return SessionDocumentRow::heightOf(documents_.at(index), dividerOf(index));
 }
 
 QList<QWidget*> SessionDocumentList::tabStops(QWidget* row) const

@@ -54,7 +54,7 @@ SessionDocumentRow::SessionDocumentRow(const RemoteDocumentUpload& document, Div
     setLayout(column);
 }
 
-int SessionDocumentRow::height(const RemoteDocumentUpload& document, Divider divider)
+int SessionDocumentRow::heightOf(const RemoteDocumentUpload& document, Divider divider)
 {
     const int smallLines = SessionDocumentsModel::uploader(document).isEmpty() ? 1 : 2;
     const int above = divider == Divider::above ? 2 * besideDivider + dividerHeight : 0;

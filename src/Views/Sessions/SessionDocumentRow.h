@@ -22,7 +22,7 @@ public:
     SecondaryButton* openButton() const { return open_; }
 
     /// Of the row that such a document gets.
-    static int height(const RemoteDocumentUpload& document, Divider divider);
+    static int heightOf(const RemoteDocumentUpload& document, Divider divider);
 
 signals:
     void openRequested();

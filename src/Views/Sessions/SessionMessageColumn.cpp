@@ -79,7 +79,7 @@ int SessionMessageColumn::estimatedHeight(qsizetype index, int width) const
     const int room = std::max(1, SessionMessageRow::textWidth(width));
     const qsizetype length = piece.text.size * QFontMetrics(font()).averageCharWidth();
     const int lines = 1 + piece.text.lineBreaks + static_cast<int>(length / room);
-    return SessionMessageRow::height(partOf(piece), lines, spaceAbove(index));
+    return SessionMessageRow::heightOf(partOf(piece), lines, spaceAbove(index));
 }
 
 QList<QWidget*> SessionMessageColumn::tabStops(QWidget* row) const

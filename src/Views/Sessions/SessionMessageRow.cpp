@@ -14,6 +14,7 @@ using namespace Qt::StringLiterals;
 
 static constexpr int chipEdge = 28;
 static constexpr int besideChip = 12;
+static constexpr int widestTime = 160;
 /// Keeps the text clear of the scroll bar, which lies over the edge.
 static constexpr int scrollBarRoom = 12;
 
@@ -60,6 +61,8 @@ QWidget* SessionMessageRow::makeHeader(const SessionMessage& message)
     name->setToolTip(PlainText::toolTip(about.join(u'\n')));
     auto* time = new PlainLabel(message.createdAt, Type::small, Brand::steel);
     time->setFit(PlainLabel::Fit::elide);
+    // A long name gives way to the time, unless that is no time at all.
+    time->setMinimumWidth(std::min(time->sizeHint().width(), Type::scaled(widestTime)));
     auto* header = Layouts::row(8, {name, time});
     header->addStretch();
     QWidget* held = Layouts::holding(header);
@@ -67,7 +70,7 @@ QWidget* SessionMessageRow::makeHeader(const SessionMessage& message)
     return held;
 }
 
-int SessionMessageRow::height(Part part, int lines, int spaceAbove)
+int SessionMessageRow::heightOf(Part part, int lines, int spaceAbove)
 {
     const int header = part == Part::first ? 1 : 0;
     const int height = (header + lines) * Type::lineHeight(Type::body);

@@ -25,7 +25,7 @@ public:
     SelectableText* text() const { return text_; }
 
     /// The height of a row, if its text takes so many lines.
-    static int height(Part part, int lines, int spaceAbove);
+    static int heightOf(Part part, int lines, int spaceAbove);
     /// Room for the text in a row.
     static int textWidth(int rowWidth);
 
