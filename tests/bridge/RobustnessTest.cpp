@@ -198,13 +198,18 @@ TEST_F(Robustness, WhatIsNoJsonObjectIsRefused)
 
 TEST_F(Robustness, AnUnreadBodyDoesNotBecomeTheNextRequest)
 {
-    RawConnection connection(bridge.port());
     const std::string smuggled = "GET /smuggled HTTP/1.1\r\n\r\n";
-    ASSERT_TRUE(connection.send(
-        "GET / HTTP/1.1\r\nContent-Length: " + std::to_string(smuggled.size()) + "\r\n\r\n" + smuggled));
-    const std::string answers = connection.readAll();
-    EXPECT_EQ(answers.rfind("HTTP/1.1 200", 0), 0u);
-    EXPECT_EQ(answers.find("HTTP/1.1", 1), std::string::npos) << answers;
+    const std::string length = "Content-Length: " + std::to_string(smuggled.size()) + "\r\n";
+    const std::string heads[] = {length, "Content-Length: 0\r\n" + length, "Content-Length: -1\r\n",
+        "Content-Length: +0\r\n", "Content-Length: 0x1a\r\n", "Transfer-Encoding: chunked\r\n",
+        "Content-Length: 0\r\nTransfer-Encoding: chunked\r\n"};
+    for (const std::string& head : heads) {
+        RawConnection connection(bridge.port());
+        ASSERT_TRUE(connection.send("GET / HTTP/1.1\r\n" + head + "\r\n" + smuggled));
+        const std::string answers = connection.readAll();
+        EXPECT_EQ(answers.rfind("HTTP/1.1 200", 0), 0u) << head;
+        EXPECT_EQ(answers.find("HTTP/1.1", 1), std::string::npos) << head << answers;
+    }
 }
 
 TEST_F(Robustness, AConnectionServesManyRequests)
