@@ -106,7 +106,8 @@ void PlainLabel::paintEvent(QPaintEvent*)
         return PlainText::draw(painter, rect(), text(), style_, color, alignment());
     const PlainText::Paragraph paragraph(text(), style_, width());
     QRectF box = rect();
-    if (alignment() & Qt::AlignVCenter && paragraph.height() < height())
-        box.setTop((height() - paragraph.height()) / 2);
+    const int above = (height() - paragraph.height()) / 2;
+    if (alignment() & Qt::AlignVCenter && above > 0)
+        box.setTop(above);
     paragraph.draw(painter, box, color, alignment());
 }
