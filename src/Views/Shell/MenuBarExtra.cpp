@@ -1,5 +1,6 @@
 #include "Shell/MenuBarExtra.h"
 
+#include "PlainText.h"
 #include "Symbols.h"
 
 using namespace Qt::StringLiterals;
@@ -7,30 +8,36 @@ using namespace Qt::StringLiterals;
 MenuBarExtra::MenuBarExtra(const ScreenContext& context, MenuBarDropdownModel model)
     : model_(std::move(model))
 {
-    rebuild();
     onUser_ = context.auth.user.addNotifier([this] { rebuild(); });
     onRole_ = context.auth.activeRole.addNotifier([this] { rebuild(); });
     item_.setToolTip(u"Quorvel"_s);
     item_.setIcon(Symbols::icon(u"checkmark.seal.fill"_s, Brand::navy));
     item_.setContextMenu(&menu_);
+    rebuild();
     item_.show();
 }
 
-/// Menus read "&" as the mark of a mnemonic; names and titles mean the character.
-static QString literal(QString text)
+/// Menus read "&" as the mark of a mnemonic; names and titles mean the character. A tray on the session bus
+/// reads
+/// "_" so, too.
+static QString literal(const QString& text, bool isOnBus)
 {
-    return text.replace(u'&', u"&&"_s);
+    QString line = PlainText::singleLine(text);
+    if (isOnBus)
+        line.replace(u'_', u"__"_s);
+    return line.replace(u'&', u"&&"_s);
 }
 
 void MenuBarExtra::rebuild()
 {
+    const bool isOnBus = menu_.platformMenu() != nullptr;
     menu_.clear();
     for (const MenuBarDropdownModel::Item& item : model_.items()) {
         if (item.isSeparator()) {
             menu_.addSeparator();
             continue;
         }
-        QAction* action = menu_.addAction(literal(item.title));
+        QAction* action = menu_.addAction(literal(item.title, isOnBus));
         action->setEnabled(!item.isText());
         if (item.isText())
             continue;
