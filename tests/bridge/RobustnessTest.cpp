@@ -134,6 +134,32 @@ TEST_F(Robustness, AnEndlessHeaderLineIsCutOff)
     EXPECT_EQ(api.get("//").status, 200);
 }
 
+TEST_F(Robustness, ALargeUploadTakesLittleMemory)
+{
+    const std::string token = tokenOf(client);
+    const std::string form = formBody({}, {{"a.bin", "a/b", ""}});
+    const std::size_t behind = form.find("\r\n\r\n") + 4;
+    const std::string piece(64 << 10, 'x');
+    constexpr std::size_t pieces = 400;
+    const std::size_t before = peakMemory();
+    const auto result = api.client()->Post(
+        "/mobile-bridge/v1/remote-notary/sessions/13/documents",
+        {{"Authorization", "Bearer " + token}, {"Content-Type", formType}},
+        form.size() + pieces * piece.size(),
+        [&](std::size_t, std::size_t, httplib::DataSink& sink) {
+            sink.write(form.data(), behind);
+            for (std::size_t i = 0; i < pieces; ++i)
+                sink.write(piece.data(), piece.size());
+            return sink.write(form.data() + behind, form.size() - behind);
+        },
+        formType);
+    ASSERT_TRUE(result) << httplib::to_string(result.error());
+    EXPECT_EQ(result->status, 201) << result->body;
+    EXPECT_EQ(
+        stored("select cast(max(byte_size) as text) from uploads"), std::to_string(pieces * piece.size()));
+    EXPECT_LT(peakMemory() - before, 8u << 20);
+}
+
 TEST_F(Robustness, CountlessHeadersAreCutOff)
 {
     RawConnection connection(bridge.port());
