@@ -17,15 +17,16 @@ MenuBarExtra::MenuBarExtra(const ScreenContext& context, MenuBarDropdownModel mo
     item_.show();
 }
 
-/// Menus read "&" as the mark of a mnemonic; names and titles mean the character. A tray on the session bus
-/// reads
-/// "_" so, too.
+/// Menus read "&" as the mark of a mnemonic; names and titles mean the character. For a tray on the session
+/// bus, which reads "_" so, Qt translates the first "&" alone.
 static QString literal(const QString& text, bool isOnBus)
 {
     QString line = PlainText::singleLine(text);
-    if (isOnBus)
-        line.replace(u'_', u"__"_s);
-    return line.replace(u'&', u"&&"_s);
+    if (!isOnBus)
+        return line.replace(u'&', u"&&"_s);
+    line.replace(u'_', u"__"_s);
+    const qsizetype first = line.indexOf(u'&');
+    return first < 0 ? line : line.insert(first, u'&');
 }
 
 void MenuBarExtra::rebuild()
