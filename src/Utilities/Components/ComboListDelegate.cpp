@@ -8,6 +8,7 @@
 #include "Symbols.h"
 
 #include <QPainter>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 

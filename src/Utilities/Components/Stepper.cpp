@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPainterPath>
+#include <QStyleOptionSpinBox>
 
 using namespace Qt::StringLiterals;
 
