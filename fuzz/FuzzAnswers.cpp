@@ -129,6 +129,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         read(*object);
     for (const JSONObject& raw : normalizeArray(*answer))
         read(raw);
+    if (answer->isObject())
+        unwrappedObject(*answer);
     for (const int status : {400, 401, 403, 500}) {
         check(!friendlyHTTPError(status, *answer).message.isEmpty());
         check(!friendlyPublicHTTPError(status, *answer).isEmpty());

@@ -79,6 +79,7 @@ void readForm(bridge::Call& call)
 void book(bridge::Call& call)
 {
     bridge::Account account;
+    account.roleWord = call.query("role");
     const bridge::Session session = bridge::readBooking(call.json(), "{}", account);
     check(!session.contactName.empty() && !session.signers.empty());
     call.answerNothing();
