@@ -16,6 +16,7 @@
 
 #include <QGridLayout>
 #include <QPainter>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +27,7 @@ constexpr int welcomeLeast = 340;
 constexpr int welcomeMost = 520;
 constexpr int formWidest = 400;
 constexpr int formMargin = 28;
+constexpr int formMarginCompact = 24;
 
 const QString signInMode = u"signIn"_s;
 const QString registerMode = u"register"_s;
@@ -67,7 +69,6 @@ QWidget* LoginView::makeForm()
     auto* fields = Layouts::holding(column);
     fields->setMaximumWidth(formWidest);
     auto* centred = Layouts::row(0);
-    centred->setContentsMargins(formMargin, formMargin, formMargin, formMargin);
     centred->addStretch(1);
     centred->addWidget(fields, 1000, Qt::AlignVCenter);
     centred->addStretch(1);
@@ -159,10 +160,15 @@ void LoginView::submit()
 
 void LoginView::paintEvent(QPaintEvent*)
 {
-    QPainter(this).fillRect(rect().adjusted(welcome_->width(), 0, 0, 0), Palette::color(Brand::card));
+    const QRect form = rect().adjusted(welcome_->width(), 0, 0, 0);
+    QPainter(this).fillRect(QStyle::visualRect(layoutDirection(), rect(), form), Palette::color(Brand::card));
 }
 
 void LoginView::resizeEvent(QResizeEvent*)
 {
-    welcome_->setFixedWidth(std::clamp(int(width() * welcomeShare), welcomeLeast, welcomeMost));
+    const bool compact = width() < Type::scaled(Spacing::compactBelow);
+    const int margin = compact ? formMarginCompact : formMargin;
+    form_->widget()->setContentsMargins(margin, margin, margin, margin);
+    welcome_->setCompact(compact);
+    welcome_->setFixedWidth(std::clamp(qRound(width() * welcomeShare), welcomeLeast, welcomeMost));
 }

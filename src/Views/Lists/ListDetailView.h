@@ -12,7 +12,7 @@ class QStackedLayout;
 class RowListView;
 class SearchField;
 
-/// A list with its search on the left, what is selected in it on the right: the arrangement of every screen
+/// A list with its search, and beside it what is selected in it: the arrangement of every screen
 /// that works through records.
 class ListDetailView : public QWidget
 {
@@ -52,6 +52,7 @@ private:
     QWidget* makeHeader(const Texts& texts);
     QWidget* makeListArea(const Texts& texts);
     void updateListArea();
+    void arrange();
 
     QWidget* pane_;
     PlainLabel* subtitle_;
@@ -60,7 +61,7 @@ private:
     RowListView* list_;
     QStackedLayout* listArea_;
     QWidget* loadingPlace_;
-    QWidget* emptyPlace_;
+    EmptyStateView* emptyPlace_;
     QWidget* detail_ = nullptr;
     bool loading_ = false;
 };

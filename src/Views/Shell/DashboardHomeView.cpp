@@ -19,6 +19,7 @@ constexpr int widest = 1120;
 constexpr int heroPadding = 28;
 constexpr int heroChip = 64;
 constexpr int cardChip = 44;
+constexpr int featuresAcross = 32;
 
 } // namespace
 
@@ -43,7 +44,7 @@ void DashboardHomeView::rebuild()
 void DashboardHomeView::addHero()
 {
     auto* hero = new Surface(Surface::Kind::dark, heroPadding);
-    auto* texts = Layouts::column(8,
+    auto* texts = Layouts::column(2,
         {new PlainLabel(DashboardHomeModel::heroTitle(), Type::display, Brand::onDarkTitle),
             new PlainLabel(DashboardHomeModel::heroText(), Type::body, Brand::onDarkText)});
     auto* row = Layouts::row(20, {new Chip(u"checkmark.seal.fill"_s, heroChip, Chip::Look::onDark)});
@@ -68,6 +69,7 @@ void DashboardHomeView::addSignedInCard()
     row->addWidget(signOut, 0, Qt::AlignVCenter);
     card->add(row);
     column()->addWidget(card);
+    fit(card);
 }
 
 void DashboardHomeView::addQuickActions()
@@ -91,7 +93,7 @@ void DashboardHomeView::addFeatures()
     constexpr int perRow = 2;
     auto* grid = new QGridLayout;
     grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(Spacing::card);
+    grid->setHorizontalSpacing(featuresAcross);
     grid->setVerticalSpacing(24);
     int place = 0;
     for (const DashboardHomeModel::Feature& feature : DashboardHomeModel::features()) {
@@ -103,4 +105,5 @@ void DashboardHomeView::addFeatures()
     auto* card = new Card;
     card->add(grid);
     column()->addWidget(card);
+    fit(card);
 }
