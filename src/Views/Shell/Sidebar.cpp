@@ -25,9 +25,9 @@ constexpr int betweenEntries = 2;
 } // namespace
 
 Sidebar::Sidebar(MainWindowModel& model, QWidget* parent)
-    : QWidget(parent), model_(model), column_(Layouts::column(0))
+    : ScrollPage(new QWidget, parent), model_(model), column_(Layouts::column(0))
 {
-    setLayout(column_);
+    widget()->setLayout(column_);
     column_->setContentsMargins(outerMargin, outerMargin, outerMargin, outerMargin);
     connect(&model_, &MainWindowModel::sidebarChanged, this, &Sidebar::update);
     rebuild();
@@ -39,8 +39,11 @@ void Sidebar::update()
 {
     if (shownFor_ != audience())
         rebuild();
-    for (const auto& [section, entry] : entries_)
+    for (const auto& [section, entry] : entries_) {
         entry->setChecked(section == model_.selectedSection());
+        if (entry->isChecked())
+            ensureWidgetVisible(entry);
+    }
 }
 
 Sidebar::Audience Sidebar::audience() const
@@ -87,7 +90,9 @@ void Sidebar::addHeader()
     auto* row = Layouts::row(12);
     row->setContentsMargins(textIndent, 0, 0, 0);
     row->addWidget(new Chip(header.systemImage, headerTile, Chip::Look::dark));
-    row->addLayout(Layouts::column(0, {name, caption}), 1);
+    auto* texts = Layouts::column(0, {name, caption});
+    row->addLayout(texts, 1);
+    row->setAlignment(texts, Qt::AlignVCenter);
     column_->addLayout(row);
     column_->addSpacing(outerMargin);
 }
@@ -134,5 +139,5 @@ void Sidebar::addGroup(const MainWindowModel::Group& group)
 
 void Sidebar::paintEvent(QPaintEvent*)
 {
-    QPainter(this).fillRect(rect(), Palette::color(Brand::panel));
+    QPainter(viewport()).fillRect(viewport()->rect(), Palette::color(Brand::panel));
 }
