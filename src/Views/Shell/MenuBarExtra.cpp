@@ -2,6 +2,7 @@
 
 #include "PlainText.h"
 #include "Symbols.h"
+#include "Type.h"
 
 using namespace Qt::StringLiterals;
 
@@ -33,6 +34,7 @@ void MenuBarExtra::rebuild()
 {
     const bool isOnBus = menu_.platformMenu() != nullptr;
     menu_.clear();
+    bool isFirst = true;
     for (const MenuBarDropdownModel::Item& item : model_.items()) {
         if (item.isSeparator()) {
             menu_.addSeparator();
@@ -40,8 +42,11 @@ void MenuBarExtra::rebuild()
         }
         QAction* action = menu_.addAction(literal(item.title, isOnBus));
         action->setEnabled(!item.isText());
-        if (item.isText())
+        if (item.isText()) {
+            action->setFont(Type::font(isFirst ? Type::strong : Type::small));
+            isFirst = false;
             continue;
+        }
         action->setIcon(Symbols::icon(item.systemImage));
         // Queued, because what an item does may rebuild this very menu.
         connect(action, &QAction::triggered, this, item.action, Qt::QueuedConnection);
