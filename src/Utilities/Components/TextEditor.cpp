@@ -1,5 +1,6 @@
 #include "TextEditor.h"
 
+#include "EvenLines.h"
 #include "Paint.h"
 #include "Spacing.h"
 
@@ -14,6 +15,9 @@ public:
     EditorBox(const QString& placeholder, int height)
     {
         setFrameShape(QFrame::NoFrame);
+        auto* text = new QTextDocument(this);
+        text->setDocumentLayout(new EvenLines(text, Type::body));
+        setDocument(text);
         setFont(Type::font(Type::body));
         setPlaceholderText(placeholder);
         setTabChangesFocus(true);
@@ -24,7 +28,7 @@ public:
         // The document has a margin of its own.
         const int ownMargin = qRound(document()->documentMargin());
         const int across = Spacing::fieldPadding + 1 - ownMargin;
-        constexpr int down = 11;
+        constexpr int down = 9;
         setViewportMargins(across, down - ownMargin, across, down - ownMargin);
     }
 
