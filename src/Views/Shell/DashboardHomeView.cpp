@@ -7,9 +7,10 @@
 #include "Components/PlainLabel.h"
 #include "Components/PrimaryButton.h"
 #include "Components/SecondaryButton.h"
+#include "FlowLayout.h"
 #include "Layouts.h"
 
-#include <QGridLayout>
+#include <QBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +21,9 @@ constexpr int heroPadding = 28;
 constexpr int heroChip = 64;
 constexpr int cardChip = 44;
 constexpr int featuresAcross = 32;
+constexpr int featuresDown = 24;
+/// Width of the page from which two features stand in a row.
+constexpr int besideFrom = 640;
 
 } // namespace
 
@@ -48,7 +52,7 @@ void DashboardHomeView::addHero()
         {new PlainLabel(DashboardHomeModel::heroTitle(), Type::display, Brand::onDarkTitle),
             new PlainLabel(DashboardHomeModel::heroText(), Type::body, Brand::onDarkText)});
     auto* row = Layouts::row(20, {new Chip(u"checkmark.seal.fill"_s, heroChip, Chip::Look::onDark)});
-    row->addLayout(texts, 1);
+    row->addWidget(Layouts::holding(texts), 1, Qt::AlignVCenter);
     hero->add(row);
     column()->addWidget(hero);
 }
@@ -74,7 +78,7 @@ void DashboardHomeView::addSignedInCard()
 
 void DashboardHomeView::addQuickActions()
 {
-    auto* row = Layouts::row(Spacing::buttons);
+    auto* row = new FlowLayout(Spacing::buttons);
     for (const DashboardHomeModel::QuickAction& action : model_.quickActions()) {
         Button* button = nullptr;
         if (action.isPrimary)
@@ -84,26 +88,41 @@ void DashboardHomeView::addQuickActions()
         connect(button, &Button::clicked, this, [this, action] { model_.run(action); });
         row->addWidget(button);
     }
-    row->addStretch();
-    column()->addLayout(row);
+    column()->addWidget(Layouts::holding(row));
 }
 
 void DashboardHomeView::addFeatures()
 {
     constexpr int perRow = 2;
-    auto* grid = new QGridLayout;
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(featuresAcross);
-    grid->setVerticalSpacing(24);
-    int place = 0;
+    auto* rows = Layouts::column(featuresDown);
+    featureRows_.clear();
     for (const DashboardHomeModel::Feature& feature : DashboardHomeModel::features()) {
-        auto* line = new FeatureLine(feature.systemImage, feature.title, feature.text);
-        grid->addWidget(line, place / perRow, place % perRow, Qt::AlignTop);
-        grid->setColumnStretch(place % perRow, 1);
-        ++place;
+        if (featureRows_.isEmpty() || featureRows_.constLast()->count() == perRow) {
+            featureRows_ += Layouts::row(featuresAcross);
+            rows->addLayout(featureRows_.constLast());
+        }
+        featureRows_.constLast()->addWidget(
+            new FeatureLine(feature.systemImage, feature.title, feature.text), 1);
     }
     auto* card = new Card;
-    card->add(grid);
+    card->add(rows);
     column()->addWidget(card);
     fit(card);
+    arrangeFeatures();
+}
+
+/// Side by side, and one under the other where large text needs the width.
+void DashboardHomeView::arrangeFeatures()
+{
+    const bool beside = width() >= Type::scaled(besideFrom);
+    for (QBoxLayout* row : std::as_const(featureRows_)) {
+        row->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+        row->setSpacing(beside ? featuresAcross : featuresDown);
+    }
+}
+
+void DashboardHomeView::resizeEvent(QResizeEvent* event)
+{
+    Page::resizeEvent(event);
+    arrangeFeatures();
 }
