@@ -41,13 +41,16 @@ protected:
 
 private:
     void fitTexts();
+    int wholeHeight() const;
     void balance();
 
+    Look look_;
     Emblem* emblem_;
     PlainLabel* title_;
     PlainLabel* message_;
     QWidget* texts_;
     QVBoxLayout* block_;
+    QWidget* actions_ = nullptr;
     QSpacerItem* counterweight_; ///< under the block, as high as what the pane has above this view
     QPointer<const QWidget> pane_;
 };

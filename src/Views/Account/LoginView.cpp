@@ -67,7 +67,7 @@ QWidget* LoginView::makeForm()
     column->addWidget(makeSubmit());
 
     auto* fields = Layouts::holding(column);
-    fields->setMaximumWidth(formWidest);
+    fields->setMaximumWidth(Type::scaled(formWidest));
     auto* centred = Layouts::row(0);
     centred->addStretch(1);
     centred->addWidget(fields, 1000, Qt::AlignVCenter);
@@ -160,7 +160,7 @@ void LoginView::submit()
 
 void LoginView::paintEvent(QPaintEvent*)
 {
-    const QRect form = rect().adjusted(welcome_->width(), 0, 0, 0);
+    const QRect form = rect().adjusted(welcome_->isHidden() ? 0 : welcome_->width(), 0, 0, 0);
     QPainter(this).fillRect(QStyle::visualRect(layoutDirection(), rect(), form), Palette::color(Brand::card));
 }
 
@@ -169,6 +169,9 @@ void LoginView::resizeEvent(QResizeEvent*)
     const bool compact = width() < Type::scaled(Spacing::compactBelow);
     const int margin = compact ? formMarginCompact : formMargin;
     form_->widget()->setContentsMargins(margin, margin, margin, margin);
+    const int welcomeWidth = std::clamp(qRound(width() * welcomeShare), welcomeLeast, welcomeMost);
     welcome_->setCompact(compact);
-    welcome_->setFixedWidth(std::clamp(qRound(width() * welcomeShare), welcomeLeast, welcomeMost));
+    welcome_->setFixedWidth(welcomeWidth);
+    // Under large text the form comes first.
+    welcome_->setVisible(width() - welcomeWidth >= form_->widget()->minimumSizeHint().width());
 }
