@@ -11,24 +11,11 @@
 #include "Sessions/SessionsView.h"
 #include "Shell/ContentPane.h"
 #include "Shell/DashboardHomeView.h"
+#include "SteadyAppearance.h"
 
 #include <QMenuBar>
 
 using namespace Qt::StringLiterals;
-
-/// A desktop whose colours the test decides.
-class SteadyAppearance : public SystemAppearance
-{
-public:
-    bool isDark() const override { return dark; }
-    void become(bool isDark)
-    {
-        dark = isDark;
-        emit changed();
-    }
-
-    bool dark = false;
-};
 
 class MainWindowTest : public ScreensViewTest
 {

@@ -37,6 +37,23 @@ TEST_F(MenuBarExtraTest, FollowsWhoIsSignedIn)
     EXPECT_EQ(actions().at(1)->text(), u"Notary"_s);
 }
 
+TEST_F(MenuBarExtraTest, ItsHeaderIsText)
+{
+    signIn(account(u"Priya"_s));
+    QMenu& menu = extra.menu();
+    menu.popup({});
+    settle();
+    const QRect name = menu.actionGeometry(actions().at(0));
+    const QRect role = menu.actionGeometry(actions().at(1));
+    const QRect item = menu.actionGeometry(titled(u"Sessions"_s));
+    EXPECT_EQ(name.height(), 6 + 20);
+    EXPECT_EQ(role.height(), 16 + 4);
+    EXPECT_EQ(role.top(), name.bottom() + 1);
+    EXPECT_EQ(item.height(), 32);
+    EXPECT_EQ(item.left(), 7) << "a line and 6 pixels of room";
+    menu.close();
+}
+
 struct ShownName
 {
     const char* name;
