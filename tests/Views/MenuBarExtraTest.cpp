@@ -50,6 +50,7 @@ TEST_F(MenuBarExtraTest, ItsHeaderIsText)
     EXPECT_EQ(role.height(), 16 + 4);
     EXPECT_EQ(role.top(), name.bottom() + 1);
     EXPECT_EQ(item.height(), 32);
+    EXPECT_EQ(menu.width(), 264);
     EXPECT_EQ(item.left(), 7) << "a line and 6 pixels of room";
     menu.close();
 }

@@ -6,6 +6,9 @@
 
 using namespace Qt::StringLiterals;
 
+/// Where this program draws its menu itself.
+static constexpr int menuWidth = 264;
+
 MenuBarExtra::MenuBarExtra(const ScreenContext& context, MenuBarDropdownModel model)
     : model_(std::move(model))
 {
@@ -13,6 +16,7 @@ MenuBarExtra::MenuBarExtra(const ScreenContext& context, MenuBarDropdownModel mo
     onRole_ = context.auth.activeRole.addNotifier([this] { rebuild(); });
     item_.setToolTip(u"Quorvel"_s);
     item_.setIcon(Symbols::icon(u"checkmark.seal.fill"_s, Brand::navy));
+    menu_.setMinimumWidth(Type::scaled(menuWidth));
     item_.setContextMenu(&menu_);
     rebuild();
     item_.show();

@@ -116,7 +116,9 @@ void Sidebar::addRoleSwitcher()
 
     auto* card = new Card(outerMargin);
     card->add(new PlainLabel(u"Active Workspace"_s, Type::group));
-    card->add(new LabeledField(u"Role"_s, picker, LabeledField::Placement::beside), 8);
+    auto* field = new LabeledField(u"Role"_s, picker, LabeledField::Placement::beside);
+    field->layout()->setSpacing(8);
+    card->add(field, 8);
     column_->addWidget(card);
     column_->addSpacing(4);
 }
