@@ -112,13 +112,15 @@ protected:
     /// Uploads the file and makes the change once some of it has arrived.
     Outcome uploadWhile(const std::function<void(const QString& path)>& change)
     {
-        Gate begun;
-        Gate changed;
-        server = serve(GetParam(), [&](RawConnection& connection) {
+        // The server answers on a thread of its own, which may still be at a gate when the client has given
+        // up.
+        const auto begun = std::make_shared<Gate>();
+        const auto changed = std::make_shared<Gate>();
+        server = serve(GetParam(), [begun, changed](RawConnection& connection) {
             const RawRequest request = connection.readHead();
             connection.skipBody(100'000);
-            begun.open();
-            changed.pass();
+            begun->open();
+            changed->pass();
             connection.skipBody(size - 100'000);
             connection.countRequest(request);
             connection.send(rawAnswer(200));
@@ -126,9 +128,9 @@ protected:
         const QString path = file(u"file"_s, QByteArray(size, 'x'));
         const Awaited<Response> answer(session.send(upload(server->url(), path, size)));
         std::thread changer([&] {
-            begun.pass();
+            begun->pass();
             change(path);
-            changed.open();
+            changed->open();
         });
         const Outcome outcome = outcomeOf(answer);
         changer.join();
