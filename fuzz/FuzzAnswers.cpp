@@ -1,7 +1,11 @@
-// What the bridge may answer: every accessor, every derivation of every record, and the wording of failures.
+// What the bridge may answer: the head, every accessor, every derivation of every record, signing in, and the
+// wording of failures.
 
 #include "AdminRecordItem.h"
 #include "AdminUserRecord.h"
+#include "AnswerReader.h"
+#include "AppError.h"
+#include "AuthManager.h"
 #include "RemoteDocumentUpload.h"
 #include "RemoteNotaryOption.h"
 #include "RequestPipeline.h"
@@ -26,13 +30,14 @@ bool isBeyondIntegers(const JSONValue& value)
     return isNumber && !(number >= -0x1p63 && number < 0x1p63);
 }
 
+/// Whether some number, here or in an object inside, ends the program when it is read as an integer.
 bool endsTheProgram(const JSONObject& raw)
 {
-    for (const auto& key : {u"id"_s, u"notary_id"_s, u"user_id"_s, u"file_size"_s}) {
-        if (isBeyondIntegers(raw.value(key)))
-            return true;
-    }
-    return false;
+    const QList<QString> keys = raw.keys();
+    return std::any_of(keys.begin(), keys.end(), [&raw](const QString& key) {
+        const auto inner = raw.object(key);
+        return isBeyondIntegers(raw.value(key)) || (inner && endsTheProgram(*inner));
+    });
 }
 
 void readMembers(const JSONObject& raw)
@@ -72,11 +77,41 @@ void deriveRecords(const JSONObject& raw)
     check(!SessionMessage::fromRaw(raw).senderName.isEmpty());
 }
 
+/// Whoever signs in is somebody whole, in the answer and on disk.
+void signIn(const JSONObject& raw)
+{
+    const JSONObject profile = AuthManager::profileFromBridgeResponse(raw);
+    try {
+        const AuthUser user
+            = AuthManager::merge(AuthManager::authUserFromBridgeResponse(raw, u"a@b.c"_s), profile);
+        check(!user.idToken.isEmpty() && !user.refreshToken.isEmpty() && !user.email.isEmpty());
+        check(AuthManager::availableRoles(user).startsWith(AppRole::client));
+        check(AuthUser::decode(user.encoded()) == user);
+    } catch (const AppError& error) {
+        check(!error.message().isEmpty());
+    }
+}
+
 void read(const JSONObject& raw)
 {
     readMembers(raw);
-    if (!endsTheProgram(raw))
-        deriveRecords(raw);
+    if (endsTheProgram(raw))
+        return;
+    deriveRecords(raw);
+    signIn(raw);
+}
+
+void readHead(const QByteArray& bytes)
+{
+    constexpr qint64 largestBody = 1000;
+    AnswerReader reader(largestBody);
+    bool goesOn = true;
+    for (const QByteArray& line : bytes.split('\n')) {
+        goesOn = goesOn && reader.takeHeaderLine(line + '\n');
+        check(goesOn != reader.flaw().has_value());
+    }
+    if (goesOn)
+        check(reader.takeBody(bytes) == (bytes.size() <= largestBody));
 }
 
 } // namespace
@@ -84,6 +119,7 @@ void read(const JSONObject& raw)
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    readHead(bytes);
     check(!cleanServerText(QString::fromUtf8(bytes)).isEmpty());
     const auto answer = JSONValue::parse(bytes);
     if (!answer)
@@ -93,6 +129,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         read(*object);
     for (const JSONObject& raw : normalizeArray(*answer))
         read(raw);
+    if (answer->isObject())
+        unwrappedObject(*answer);
     for (const int status : {400, 401, 403, 500}) {
         check(!friendlyHTTPError(status, *answer).message.isEmpty());
         check(!friendlyPublicHTTPError(status, *answer).isEmpty());

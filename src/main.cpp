@@ -5,6 +5,8 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <csignal>
+
 /// Whatever this process writes belongs to its user alone, and no core file may hold their tokens.
 static void keepSecrets()
 {
@@ -13,9 +15,16 @@ static void keepSecrets()
     setrlimit(RLIMIT_CORE, &none);
 }
 
+/// A journal or terminal that has gone must not take a half-written request with it.
+static void outliveReaders()
+{
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
 int main(int argc, char* argv[])
 {
     keepSecrets();
+    outliveReaders();
     QApplication::setOrganizationName(QStringLiteral("Quorvel"));
     QApplication::setApplicationName(QStringLiteral("Quorvel"));
     QApplication::setApplicationVersion(QStringLiteral(QUORVEL_VERSION));

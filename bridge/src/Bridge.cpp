@@ -70,23 +70,8 @@ void Bridge::stop()
 
 void Bridge::connect()
 {
-    const std::string everything = R"([\s\S]*)";
-    const auto plain = [this](const httplib::Request& request, httplib::Response& response) {
-        router_.dispatch(request, response, nullptr);
-    };
-    const auto withBody
-        = [this](const httplib::Request& request, httplib::Response& response,
-              const httplib::ContentReader& content) { router_.dispatch(request, response, &content); };
-    server_.Get(everything, plain).Options(everything, plain);
-    server_.Post(everything, withBody).Put(everything, withBody);
-    server_.Patch(everything, withBody).Delete(everything, withBody);
+    router_.answerAllOf(server_);
     server_.set_default_headers({{"Cache-Control", "no-store"}, {"X-Content-Type-Options", "nosniff"}});
-    // What the library refuses by itself has no body yet.
-    const httplib::Server::Handler refuse = [](const httplib::Request&, httplib::Response& response) {
-        if (response.body.empty())
-            response.set_content(R"({"message":"The request could not be read."})", "application/json");
-    };
-    server_.set_error_handler(refuse);
     if (service_.settings.verbose) {
         server_.set_logger([](const httplib::Request& request, const httplib::Response& response) {
             const std::string line

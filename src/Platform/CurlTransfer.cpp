@@ -129,7 +129,7 @@ void CurlTransfer::setReceivers()
 size_t CurlTransfer::readBody(char* buffer, size_t size, size_t count, void* self)
 {
     auto* const transfer = static_cast<CurlTransfer*>(self);
-    const std::optional<qint64> read = transfer->reader_.read(buffer, qint64(size * count));
+    const std::optional<qint64> read = transfer->reader_.read(buffer, qint64(size) * qint64(count));
     if (!read) {
         transfer->fileFailed_ = true;
         return CURL_READFUNC_ABORT;

@@ -2,6 +2,8 @@
 
 #include "SettingsFile.h"
 
+#include <QFile>
+
 SettingsDefaults::SettingsDefaults() : SettingsDefaults(SettingsFile::standardPath()) { }
 
 SettingsDefaults::SettingsDefaults(QString file) : file_(std::move(file)), values_(SettingsFile::read(file_))
@@ -34,6 +36,11 @@ void SettingsDefaults::setString(const QString& key, const QString& value)
 
 void SettingsDefaults::remove(const QString& key)
 {
-    if (values_.remove(key) > 0 || !isSaved_)
+    if (values_.remove(key) == 0 && isSaved_)
+        return;
+    isSaved_ = SettingsFile::replace(file_, values_);
+    // What is to be forgotten must not come back. Where there is no room beside the old file, its own will
+    // do.
+    if (!isSaved_ && QFile::remove(file_))
         isSaved_ = SettingsFile::replace(file_, values_);
 }

@@ -9,9 +9,10 @@
 /// letters, digits, dots, underscores and hyphens; anything else found in the file is left out.
 ///
 /// A change is written as a whole new file beside the old one, read back and compared, and only then put in
-/// its place. Whatever interrupts that (a kill, a full disk, a read-only folder) leaves the old file whole.
-/// Of two programs that save, the last one's record is kept, whole. A file that is no record of preferences
-/// counts as empty.
+/// its place. Whatever interrupts that (a kill, a full disk, a read-only folder) leaves the old file whole,
+/// unless something was to be removed: then the old file gives way, and the rest is written anew where it
+/// was. Of two programs that save, the last one's record is kept, whole. A file that is no record of
+/// preferences counts as empty.
 class SettingsDefaults : public UserDefaults
 {
 public:

@@ -44,11 +44,23 @@ bool holdsObjects(const QByteArray& content)
     return false;
 }
 
-bool isOurs(const QString& key, const QVariant& value)
+/// Whether the text can be written as UTF-8. A damaged file can spell half a surrogate pair, which would
+/// never read back as it was.
+bool isWhole(const QString& text)
 {
-    static const QRegularExpression plainKey(u"^[A-Za-z0-9._-]+$"_s);
-    const bool isKnownType = value.typeId() == QMetaType::QByteArray || value.typeId() == QMetaType::QString;
-    return isKnownType && plainKey.match(key).hasMatch();
+    return QString::fromUtf8(text.toUtf8()) == text;
+}
+
+bool isOurs(const QString& key)
+{
+    static const QRegularExpression plainKey(u"\\A[A-Za-z0-9._-]+\\z"_s);
+    return plainKey.match(key).hasMatch();
+}
+
+bool isOurs(const QVariant& value)
+{
+    return value.typeId() == QMetaType::QByteArray
+        || (value.typeId() == QMetaType::QString && isWhole(value.toString()));
 }
 
 /// The file as QSettings reads it, which by itself remembers what a file of this name held before.
@@ -59,7 +71,9 @@ SettingsFile::Values parsed(const QString& path)
         return {};
     SettingsFile::Values values;
     for (const QString& key : settings.allKeys()) {
-        if (const QVariant value = settings.value(key); isOurs(key, value))
+        if (!isOurs(key))
+            continue;
+        if (const QVariant value = settings.value(key); isOurs(value))
             values.insert(key, value);
     }
     return values;

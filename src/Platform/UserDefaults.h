@@ -7,7 +7,8 @@
 
 /// The user's preferences: a small persistent map that only this user may read. A change is on disk when the
 /// call returns; when the disk refuses it, the old record stays on disk whole and the change lasts in memory
-/// until the program ends.
+/// until the program ends. What is removed goes from the disk even when that is full, if need be with the
+/// rest.
 class UserDefaults
 {
 public:

@@ -101,8 +101,9 @@ void AuthManager::store(const AuthUser& stored)
         activeRole = defaultRole(stored);
         defaults_.setString(activeRoleKey, rawValue(activeRole.value()));
     }
-    user = stored;
+    // The disk next: a token that was given in exchange for another is the only one that is still good.
     defaults_.setData(userDefaultsKey, stored.encoded());
+    user = stored;
 }
 
 void AuthManager::signInFrom(const JSONObject& response, const QString& emailFallback)

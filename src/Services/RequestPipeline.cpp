@@ -111,6 +111,9 @@ QString noAccess()
 
 } // namespace
 
+/// Characters; far more than any alert shows, and few enough to hand to every part of the desktop.
+static constexpr qsizetype longestSentence = 256 * 1024;
+
 QString cleanServerText(const QString& text)
 {
     const QString trimmed = text.trimmed();
@@ -119,7 +122,7 @@ QString cleanServerText(const QString& text)
         return Sentence::sessionEnded();
     if (holdsAny(lowered, {"html"_L1, "<br"_L1, "fatal error"_L1}))
         return u"We could not complete that request. Please try again or contact support."_s;
-    return trimmed.isEmpty() ? Sentence::couldNotComplete() : trimmed;
+    return trimmed.isEmpty() ? Sentence::couldNotComplete() : trimmed.left(longestSentence);
 }
 
 FriendlyError friendlyHTTPError(int statusCode, const JSONValue& answer)

@@ -25,7 +25,7 @@ JSONObject unwrappedObject(const JSONValue& answer);
 
 /// The server's own message in an answer, when it has one.
 std::optional<QString> parseServerMessage(const JSONValue& answer);
-/// Server text made fit to show: no HTML, no talk of tokens, never empty.
+/// Server text made fit to show: no HTML, no talk of tokens, never empty, never endless.
 QString cleanServerText(const QString& text);
 
 /// A failure worded for the user, and whether it ends the session everywhere.

@@ -28,8 +28,8 @@ void follow(QObject* owner, Property& property, Apply apply)
 {
     apply(property.value());
     auto again = [&property, apply = std::move(apply)]() mutable {
-        const auto value = property.value();
-        apply(value);
+        // A copy: what is applied may change the property.
+        apply(std::decay_t<decltype(property.value())>(property.value()));
     };
     using Notifier = decltype(property.addNotifier(again));
     new PropertyWatch<Notifier>(owner, property, std::move(again));

@@ -15,6 +15,7 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStyleOption>
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;

@@ -42,11 +42,10 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         auto* control = static_cast<QWidget*>(watched);
+        const bool isPressed = event->type() == QEvent::MouseButtonPress && control == ringOwner_;
         if (event->type() == QEvent::FocusIn)
             focusIn(control, static_cast<QFocusEvent*>(event)->reason());
-        else if (event->type() == QEvent::FocusOut)
-            hideRing();
-        else if (event->type() == QEvent::MouseButtonPress && control == ringOwner_)
+        else if (event->type() == QEvent::FocusOut || isPressed)
             hideRing();
         return false;
     }

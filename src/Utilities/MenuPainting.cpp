@@ -17,6 +17,8 @@ constexpr int padding = 10;
 constexpr int iconGap = 12;
 constexpr int shortcutGap = 40;
 constexpr int separatorHeight = 13;
+constexpr int aboveFirstText = 6;
+constexpr int belowOtherText = 4;
 
 /// The text without the marks of mnemonics.
 QString spoken(const QString& text)
@@ -35,6 +37,40 @@ bool hasIconColumn(const QStyleOptionMenuItem& option)
     return option.maxIconWidth > 0 || option.menuHasCheckableItems;
 }
 
+/// Says something, for instance who is signed in, and does nothing.
+bool isText(const QStyleOptionMenuItem& option)
+{
+    return option.menuItemType == QStyleOptionMenuItem::Normal && !(option.state & QStyle::State_Enabled)
+        && option.icon.isNull();
+}
+
+/// The first line of what is said stands out from the others by its font.
+const Type::Style& textStyle(const QStyleOptionMenuItem& option)
+{
+    return option.font.weight() >= Type::strong.weight ? Type::strong : Type::small;
+}
+
+bool isFirstText(const QStyleOptionMenuItem& option)
+{
+    return textStyle(option) == Type::strong;
+}
+
+QSize sizeOfText(const QStyleOptionMenuItem& option)
+{
+    const Type::Style& style = textStyle(option);
+    return {2 * padding + PlainText::width(spoken(option.text), style),
+        Type::lineHeight(style) + (isFirstText(option) ? aboveFirstText : belowOtherText)};
+}
+
+void text(QPainter& painter, const QStyleOptionMenuItem& option)
+{
+    const bool first = isFirstText(option);
+    const QRect line
+        = option.rect.adjusted(padding, first ? aboveFirstText : 0, -padding, first ? 0 : -belowOtherText);
+    PlainText::draw(painter, line, spoken(option.text), textStyle(option),
+        Palette::color(first ? Brand::ink : Brand::steel));
+}
+
 QColor textColor(const QStyleOptionMenuItem& option, bool highlighted)
 {
     if (!(option.state & QStyle::State_Enabled))
@@ -45,6 +81,15 @@ QColor textColor(const QStyleOptionMenuItem& option, bool highlighted)
 void separator(QPainter& painter, const QRect& area)
 {
     painter.fillRect(area.left() + 4, area.center().y(), area.width() - 8, 1, Palette::color(Brand::line));
+}
+
+void paintSubmenuMark(QPainter& painter, const QStyleOptionMenuItem& option)
+{
+    constexpr int edge = 12;
+    const QRect last(option.rect.right() + 1 - padding - edge, option.rect.top(), edge, option.rect.height());
+    const bool mirrored = option.direction == Qt::RightToLeft;
+    Symbols::paint(painter, QStyle::visualRect(option.direction, option.rect, last),
+        mirrored ? u"chevron.left"_s : u"chevron.right"_s, Palette::color(Brand::muted));
 }
 
 } // namespace
@@ -59,13 +104,16 @@ void item(QPainter& painter, const QStyleOptionMenuItem& option)
 {
     if (option.menuItemType == QStyleOptionMenuItem::Separator)
         return separator(painter, option.rect);
+    if (isText(option))
+        return text(painter, option);
     const bool highlighted = option.state & QStyle::State_Selected && option.state & QStyle::State_Enabled;
     if (highlighted)
         Paint::roundedRect(painter, option.rect, Radius::menuItem, Palette::color(Brand::paleBlue));
     QRect line = option.rect.adjusted(padding, 0, -padding, 0);
     if (hasIconColumn(option)) {
-        const QRect iconBox(line.left(), line.center().y() - IconSize::sidebar() / 2, IconSize::sidebar(),
-            IconSize::sidebar());
+        const int edge = IconSize::sidebar();
+        const QRect first(line.left(), line.top() + (line.height() - edge) / 2, edge, edge);
+        const QRect iconBox = QStyle::visualRect(option.direction, option.rect, first);
         if (option.checked)
             Symbols::paint(painter, QRectF(iconBox).adjusted(2, 2, -2, -2), u"checkmark"_s,
                 textColor(option, highlighted));
@@ -74,8 +122,9 @@ void item(QPainter& painter, const QStyleOptionMenuItem& option)
                 !(option.state & QStyle::State_Enabled) ? QIcon::Disabled
                     : highlighted                       ? QIcon::Active
                                                         : QIcon::Normal);
-        line.setLeft(iconBox.right() + 1 + iconGap);
+        line.setLeft(first.right() + 1 + iconGap);
     }
+    line = QStyle::visualRect(option.direction, option.rect, line);
     const auto parts = option.text.split(u'\t');
     PlainText::draw(painter, line, spoken(parts[0]), Type::body, textColor(option, highlighted));
     if (parts.size() > 1)
@@ -83,14 +132,15 @@ void item(QPainter& painter, const QStyleOptionMenuItem& option)
             Palette::color(option.state & QStyle::State_Enabled ? Brand::steel : Brand::muted),
             Qt::AlignTrailing | Qt::AlignVCenter);
     if (option.menuItemType == QStyleOptionMenuItem::SubMenu)
-        Symbols::paint(painter, QRectF(line.right() - 12, line.top(), 12, line.height()), u"chevron.right"_s,
-            Palette::color(Brand::muted));
+        paintSubmenuMark(painter, option);
 }
 
 QSize itemSize(const QStyleOptionMenuItem& option, const QSize& textSize)
 {
     if (option.menuItemType == QStyleOptionMenuItem::Separator)
         return {textSize.width(), separatorHeight};
+    if (isText(option))
+        return sizeOfText(option);
     const auto parts = option.text.split(u'\t');
     int width = 2 * padding + PlainText::width(spoken(parts[0]), Type::body);
     if (hasIconColumn(option))

@@ -5,8 +5,8 @@
 /// How BrandStyle draws menus and the menu bar.
 namespace MenuPainting {
 
-/// Room between a menu's edge and its entries.
-inline constexpr int inset = 6;
+/// From a menu's outside to its entries: its line and some room.
+inline constexpr int inset = 7;
 
 void panel(QPainter& painter, const QRect& area);
 void item(QPainter& painter, const QStyleOptionMenuItem& option);

@@ -1,5 +1,6 @@
 #include "Page.h"
 
+#include "Components/Card.h"
 #include "Spacing.h"
 
 #include <QVBoxLayout>
@@ -21,6 +22,20 @@ void Page::setMaxWidth(int maxWidth)
     arrange();
 }
 
+void Page::addHeader(QWidget* header)
+{
+    header_ = header;
+    column_->addWidget(header);
+    arrange();
+}
+
+void Page::fit(Card* card)
+{
+    cards_.removeAll(nullptr);
+    cards_ += card;
+    arrange();
+}
+
 void Page::resizeEvent(QResizeEvent* event)
 {
     ScrollPage::resizeEvent(event);
@@ -39,6 +54,12 @@ void Page::arrange()
     const int before = isDetail ? 0 : spare / 2;
     widget()->layout()->setContentsMargins(padding + before, padding, padding + spare - before, padding);
     column_->setSpacing(compact ? Spacing::betweenCardsCompact : Spacing::betweenCards);
+    for (const QPointer<Card>& card : std::as_const(cards_)) {
+        if (card)
+            card->setPadding(compact ? Spacing::cardCompact : Spacing::card);
+    }
+    if (header_)
+        header_->setContentsMargins(0, 0, 0, Spacing::betweenCards - column_->spacing());
     if (compact != std::exchange(compact_, compact))
         emit compactChanged(compact_);
 }

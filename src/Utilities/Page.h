@@ -2,6 +2,10 @@
 
 #include "Components/ScrollPage.h"
 
+#include <QList>
+#include <QPointer>
+
+class Card;
 class QVBoxLayout;
 
 /// A screen that scrolls as one column over the content background. The column is at most so
@@ -24,6 +28,10 @@ public:
 
     /// Where the page's content goes, from top to bottom. Room between its items follows the page's width.
     QVBoxLayout* column() const { return column_; }
+    /// Appends what names the page. The room under it does not shrink where the page is compact.
+    void addHeader(QWidget* header);
+    /// Lets the padding of a card on the page follow the page's width.
+    void fit(Card* card);
     bool isCompact() const { return compact_; }
     void setMaxWidth(int maxWidth);
 
@@ -39,5 +47,7 @@ private:
     int maxWidth_;
     Place place_;
     bool compact_ = false;
+    QWidget* header_ = nullptr;
+    QList<QPointer<Card>> cards_;
     QVBoxLayout* column_;
 };

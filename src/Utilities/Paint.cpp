@@ -25,6 +25,21 @@ void roundedRect(QPainter& painter, const QRectF& area, qreal radius, const QBru
     painter.restore();
 }
 
+QPainterPath leadingCorner(const QRectF& area, qreal radius, Qt::LayoutDirection direction)
+{
+    const bool mirrored = direction == Qt::RightToLeft;
+    const qreal leading = mirrored ? area.right() : area.left();
+    const qreal trailing = mirrored ? area.left() : area.right();
+    const QRectF circle(mirrored ? leading - 2 * radius : leading, area.top(), 2 * radius, 2 * radius);
+    QPainterPath path(QPointF(leading, area.bottom()));
+    path.lineTo(leading, area.top() + radius);
+    path.arcTo(circle, mirrored ? 0 : 180, mirrored ? 90 : -90);
+    path.lineTo(trailing, area.top());
+    path.lineTo(trailing, area.bottom());
+    path.closeSubpath();
+    return path;
+}
+
 ControlState stateOf(const QWidget& control, const QWidget* focusOwner)
 {
     const auto& owner = focusOwner ? *focusOwner : control;

@@ -2,6 +2,7 @@
 
 #include <QBrush>
 #include <QColor>
+#include <QPainterPath>
 #include <QRectF>
 
 class QPainter;
@@ -13,6 +14,9 @@ namespace Paint {
 /// A filled rounded rectangle whose edge lies wholly inside `area`. An invalid edge colour draws none.
 void roundedRect(QPainter& painter, const QRectF& area, qreal radius, const QBrush& fill,
     const QColor& edge = {}, qreal edgeWidth = 1);
+
+/// The area with its top leading corner round, for what lies in the corner of the content.
+QPainterPath leadingCorner(const QRectF& area, qreal radius, Qt::LayoutDirection direction);
 
 struct ControlState
 {

@@ -1,6 +1,7 @@
 #include "Type.h"
 
 #include <QFontDatabase>
+#include <QStringList>
 
 #include <algorithm>
 #include <cmath>

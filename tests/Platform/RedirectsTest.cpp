@@ -8,7 +8,9 @@ class Redirects : public testing::TestWithParam<std::tuple<int, QByteArray, Tran
 
 TEST_P(Redirects, AreNotFollowed)
 {
-    const auto& [status, method, transport] = GetParam();
+    const int status = std::get<int>(GetParam());
+    const QByteArray method = std::get<QByteArray>(GetParam());
+    const auto transport = std::get<Transport>(GetParam());
     RawServer elsewhere([](RawConnection& connection) {
         connection.readRequest();
         connection.send(rawAnswer(200));

@@ -118,6 +118,48 @@ int saveOnFullDisk(const char* folder)
     return 0;
 }
 
+/// Whoever signs out must not be signed in again at the next start, because there was no room to forget them.
+int forgetOnFullDisk(const char* folder)
+{
+    if (!mountSmallDisk(folder))
+        return childCannot;
+    const QString root = QFile::decodeName(folder);
+    const QString file = root + u"/Quorvel/Quorvel.conf"_s;
+    const QString filler = root + u"/filler"_s;
+    for (const qint64 kibibytes : {0, 4, 8, 16}) {
+        SettingsDefaults defaults(file);
+        defaults.setString(u"appearanceMode"_s, u"dark"_s);
+        defaults.setData(recordKey(), QByteArray(20'000, 't'));
+        fillDisk(filler, kibibytes * 1024);
+
+        defaults.remove(recordKey());
+        CHECK(!SettingsDefaults(file).data(recordKey()));
+        CHECK(SettingsDefaults(file).string(u"appearanceMode"_s) == u"dark"_s);
+        QFile::remove(filler);
+    }
+    return 0;
+}
+
+/// A home that has become read-only: nothing on it changes, and the program works on.
+int saveOnReadOnlyDisk(const char* folder)
+{
+    if (!mountSmallDisk(folder))
+        return childCannot;
+    const QString file = QFile::decodeName(folder) + u"/Quorvel/Quorvel.conf"_s;
+    const QByteArray old("{\"token\":\"old\"}");
+    SettingsDefaults defaults(file);
+    defaults.setData(recordKey(), old);
+    CHECK(mount("none", folder, nullptr, MS_REMOUNT | MS_RDONLY, "size=128k") == 0);
+
+    defaults.setData(recordKey(), "new");
+    CHECK(defaults.data(recordKey()) == "new");
+    CHECK(SettingsDefaults(file).data(recordKey()) == old);
+    defaults.remove(recordKey());
+    CHECK(!defaults.data(recordKey()));
+    CHECK(SettingsDefaults(file).data(recordKey()) == old);
+    return 0;
+}
+
 int saveShortFiles(const char* folder)
 {
     const QString file = QFile::decodeName(folder) + u"/Quorvel/Quorvel.conf"_s;
@@ -149,6 +191,10 @@ int runSettingsChild(int count, char** arguments)
         return saveUntilKilled(QFile::decodeName(arguments[1]), std::atol(arguments[2]));
     if (task == "full-disk" && count == 2)
         return saveOnFullDisk(arguments[1]);
+    if (task == "forget-on-full-disk" && count == 2)
+        return forgetOnFullDisk(arguments[1]);
+    if (task == "read-only-disk" && count == 2)
+        return saveOnReadOnlyDisk(arguments[1]);
     if (task == "short-files" && count == 2)
         return saveShortFiles(arguments[1]);
     return childFailed;

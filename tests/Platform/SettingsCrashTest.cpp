@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <regex>
 
 using namespace Qt::StringLiterals;
 
@@ -63,14 +64,22 @@ TEST_F(SettingsCrash, LeavesTheOldOrTheNewRecordWhole)
         QStringList(u"Quorvel.conf"_s));
 }
 
-TEST_F(SettingsCrash, KeepsTheOldRecordOnAFullDisk)
+/// A disk with hardly any room, or one that nobody may write to.
+class SettingsOnABadDisk : public SettingsCrash, public testing::WithParamInterface<std::string>
+{ };
+
+TEST_P(SettingsOnABadDisk, LoseNothingAndKeepNothingThatIsToGo)
 {
-    run({u"full-disk"_s, folder.path()});
+    run({QString::fromStdString(GetParam()), folder.path()});
     if (child.exitCode() == childCannot)
         GTEST_SKIP() << "this user cannot mount a small disk";
     EXPECT_EQ(child.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(child.exitCode(), 0);
 }
+
+INSTANTIATE_TEST_SUITE_P(Tasks, SettingsOnABadDisk,
+    testing::Values("full-disk", "forget-on-full-disk", "read-only-disk"),
+    [](const auto& task) { return std::regex_replace(task.param, std::regex("-"), ""); });
 
 TEST_F(SettingsCrash, KeepsTheOldRecordWhereFilesCannotGrow)
 {

@@ -82,6 +82,14 @@ TEST_P(Timeouts, SpareAnAnswerThatTrickles)
 INSTANTIATE_TEST_SUITE_P(
     Over, Timeouts, testing::Values(Transport::Plain, Transport::Tls), testing::PrintToStringParamName());
 
+TEST(Timeout, IsAMinuteUnlessTold)
+{
+    const CurlWebSession::Options options;
+    EXPECT_EQ(options.connectTimeout, 60s);
+    EXPECT_EQ(options.idleTimeout, 60s);
+    EXPECT_EQ(options.largestBody, 256 * 1024 * 1024);
+}
+
 TEST(Timeout, EndsAHandshakeThatHangs)
 {
     RawServer server([](RawConnection& connection) { connection.stall(); });

@@ -1,5 +1,7 @@
 #include "UploadsTest.h"
 
+#include "support/WithoutPrivileges.h"
+
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -90,10 +92,10 @@ TEST_P(Uploads, OfWhatIsNoReadableFileAreNotBegun)
 TEST_P(Uploads, OfFilesThatMayNotBeReadAreNotBegun)
 {
     const QString path = file(u"private"_s, "secret");
-    QFile::setPermissions(path, {});
-    if (access(QFile::encodeName(path).constData(), R_OK) == 0)
-        GTEST_SKIP() << "this user may read every file";
+    ASSERT_TRUE(QFile::setPermissions(path, {}));
+    ASSERT_EQ(chmod(QFile::encodeName(folder.path()).constData(), 0755), 0);
     const auto server = serve(GetParam(), answerOne);
+    const WithoutPrivileges ordinary;
     EXPECT_EQ(outcomeOf(session, upload(server->url(), path, 6)), unreadable);
     EXPECT_EQ(server->connections(), 0);
 }
@@ -110,13 +112,15 @@ protected:
     /// Uploads the file and makes the change once some of it has arrived.
     Outcome uploadWhile(const std::function<void(const QString& path)>& change)
     {
-        Gate begun;
-        Gate changed;
-        server = serve(GetParam(), [&](RawConnection& connection) {
+        // The server answers on a thread of its own, which may still be at a gate when the client has given
+        // up.
+        const auto begun = std::make_shared<Gate>();
+        const auto changed = std::make_shared<Gate>();
+        server = serve(GetParam(), [begun, changed](RawConnection& connection) {
             const RawRequest request = connection.readHead();
             connection.skipBody(100'000);
-            begun.open();
-            changed.pass();
+            begun->open();
+            changed->pass();
             connection.skipBody(size - 100'000);
             connection.countRequest(request);
             connection.send(rawAnswer(200));
@@ -124,9 +128,9 @@ protected:
         const QString path = file(u"file"_s, QByteArray(size, 'x'));
         const Awaited<Response> answer(session.send(upload(server->url(), path, size)));
         std::thread changer([&] {
-            begun.pass();
+            begun->pass();
             change(path);
-            changed.open();
+            changed->open();
         });
         const Outcome outcome = outcomeOf(answer);
         changer.join();

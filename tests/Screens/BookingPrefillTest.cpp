@@ -89,6 +89,20 @@ INSTANTIATE_TEST_SUITE_P(Answers, BookingProfile,
         Profile{"Nothing", "{}", {}, {}, {}}),
     ByName());
 
+TEST_F(BookingPrefillTest, AnyTypeInAnyFieldOfTheProfileIsHarmless)
+{
+    for (const QByteArray field : {"user", "full_name", "name", "phone", "email"}) {
+        for (const QByteArray value :
+            {"12", "1.5", "null", "true", "[]", "[{}]", "{}", R"({"phone": {}})", "\"\""}) {
+            model->resetForm();
+            prefill();
+            answer(requestCount() - 1, "{\"" + field + "\": " + value + "}");
+            EXPECT_EQ(fields().first(2), (QList<QString>{name, auth.user.value()->email}));
+            EXPECT_TRUE(alertOf(*model).isEmpty());
+        }
+    }
+}
+
 TEST_F(BookingPrefillTest, KeepsWhatWasTypedMeanwhile)
 {
     prefill();

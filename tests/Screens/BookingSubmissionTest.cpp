@@ -277,6 +277,31 @@ TEST_F(BookingSubmissionTest, AFailedLookupLeavesTheBookingStanding)
     EXPECT_TRUE(alertOf(*model).isEmpty());
 }
 
+/// Whatever the bridge answers to a booking that it has accepted, the booking stands and the person is told
+/// so.
+TEST_F(BookingSubmissionTest, AnyTypeInAnyFieldOfTheAnswerIsASuccess)
+{
+    const QList<QByteArray> fields{
+        "id", "session_id", "remote_notary_session_id", "reference_id", "session", "data", "user"};
+    const QList<QByteArray> values{"\"text\"", "\" 12\"", "12", "1.5", "null", "\"null\"", "true", "[]",
+        "[1]", "[{}]", "{}", R"({"id": []})", "\"\""};
+    for (const QByteArray& field : fields) {
+        for (const QByteArray& value : values) {
+            model->resetForm();
+            fillIn();
+            attach(u"deed.pdf"_s);
+            submit();
+            answer(requestCount() - 1, "{\"" + field + "\": " + value + "}");
+            if (line(requestCount() - 1).startsWith(u"GET"))
+                answer(requestCount() - 1, "[{\"" + field + "\": " + value + "}]");
+            if (line(requestCount() - 1).endsWith(u"/documents"))
+                answer(requestCount() - 1, value == "[]" ? "{}" : "{\"data\": " + value + "}");
+            EXPECT_TRUE(success().has_value()) << field.toStdString() << ": " << value.toStdString();
+            EXPECT_TRUE(alertOf(*model).isEmpty());
+        }
+    }
+}
+
 TEST_F(BookingSubmissionTest, ALateSuccessForSomebodyElseShowsNothing)
 {
     attach(u"deed.pdf"_s);

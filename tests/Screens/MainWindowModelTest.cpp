@@ -4,6 +4,9 @@
 #include "Launch.h"
 #include "ScreenTest.h"
 
+#include <QFile>
+#include <QTemporaryDir>
+
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -422,6 +425,43 @@ TEST_F(MainWindowModelTest, AppearingWithoutAKeyOrAUserSendsNothing)
     settle();
     EXPECT_EQ(requestCount(), 0);
     EXPECT_TRUE(auth.isSignedIn());
+}
+
+/// What happens to the tokens when the window appears; none of it is said to anybody.
+class MainWindowRenewal : public MainWindowModelTest
+{
+protected:
+    MainWindowRenewal()
+    {
+        QFile list(resources.filePath(u"GoogleService-Info.plist"_s));
+        if (!list.open(QFile::WriteOnly)
+            || list.write("<plist><dict><key>API_KEY</key><string>key</string></dict></plist>") < 0)
+            qFatal("a file of the test cannot be written");
+        list.close();
+        config.resourceFolder = resources.path();
+        signIn(account(u"client"_s));
+        model.select(AppSection::sessions);
+        model.appeared();
+    }
+
+    QTemporaryDir resources;
+};
+
+TEST_F(MainWindowRenewal, GivesTheUserNewTokens)
+{
+    ASSERT_EQ(requestCount(), 1);
+    EXPECT_EQ(request(0).url.path(), u"/v1/token"_s);
+    answer(0, R"({"id_token": "renewed"})");
+    EXPECT_EQ(auth.user.value()->idToken, u"renewed"_s);
+    EXPECT_EQ(model.gate(), Gate::open);
+}
+
+TEST_F(MainWindowRenewal, ClosesTheGatesWhenItIsRefused)
+{
+    answer(0, R"({"error": "TOKEN_EXPIRED"})", 400);
+    EXPECT_FALSE(auth.isSignedIn());
+    EXPECT_EQ(model.gate(), Gate::signIn);
+    EXPECT_EQ(model.selectedSection(), AppSection::sessions);
 }
 
 } // namespace

@@ -185,6 +185,8 @@ INSTANTIATE_TEST_SUITE_P(Texts, CleanServerText,
         TextRow{{"FatalError"}, u"Fatal error: out of memory"_s, support},
         TextRow{{"FatalErrorInside"}, u"PHP FATAL ERROR"_s, support},
         TextRow{{"SessionIsJustAWord"}, u"Session not found"_s, u"Session not found"_s},
+        TextRow{{"Endless"}, QString(1'000'000, u'x'), QString(262'144, u'x')},
+        TextRow{{"TokenBehindAnEndlessText"}, QString(1'000'000, u'x') + u" token"_s, ended},
         TextRow{{"AuthorizationIsJustAWord"}, u"Authorization missing"_s, u"Authorization missing"_s}
         // clang-format on
         ),

@@ -163,6 +163,34 @@ INSTANTIATE_TEST_SUITE_P(Profiles, Merge,
         ),
     RowName());
 
+/// Any field may hold anything: whoever signs in then is somebody whole, and is so after a restart.
+TEST(MergeTest, AnyTypeInAnyFieldMakesAUser)
+{
+    const QList<QByteArray> values{"\"text\"", "\"12\"", "12", "1.5", "-0", "null", "\"null\"", "true", "[]",
+        "[{}]", "{}", R"({"id": [], "email": 7, "full_name": {}, "company_name": null})", "\"\""};
+    for (const QByteArray field : {"firebase", "profile", "user", "notary", "business", "id", "user_id",
+             "email", "full_name", "name", "app_role", "role", "is_admin", "is_notary", "is_business",
+             "is_business_account", "notary_id", "business_id", "business_name", "state", "message"}) {
+        for (const QByteArray& value : values) {
+            const QByteArray member = ",\"" + field + "\":" + value;
+            const JSONObject top = bridgeAnswer(R"({"idToken":"i","refreshToken":"r")" + member + "}");
+            const JSONObject inner
+                = bridgeAnswer(R"({"idToken":"i","refreshToken":"r","user":{"x":0)" + member + "}}");
+            for (const JSONObject& answer : {top, inner}) {
+                if (answer.object(u"firebase"_s))
+                    continue;
+                const AuthUser user
+                    = AuthManager::merge(AuthManager::authUserFromBridgeResponse(answer, u"e"_s),
+                        AuthManager::profileFromBridgeResponse(answer));
+                EXPECT_EQ(user.idToken, u"i"_s) << member.toStdString();
+                EXPECT_FALSE(user.email.isEmpty()) << member.toStdString();
+                EXPECT_EQ(AuthManager::availableRoles(user).first(), AppRole::client);
+                EXPECT_EQ(AuthUser::decode(user.encoded()), user) << member.toStdString();
+            }
+        }
+    }
+}
+
 TEST(MergeTest, KeepsWhatTheProfileDoesNotSay)
 {
     AuthUser before = bareUser(u"law_firm"_s);

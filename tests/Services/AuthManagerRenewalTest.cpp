@@ -174,6 +174,18 @@ TEST_F(Renewal, UsesARefreshTokenOnlyOnce)
     EXPECT_TRUE(session->body(1).endsWith("=refresh-2"));
 }
 
+/// Whatever somebody does who is told of the new tokens, they are no longer to be lost.
+TEST_F(Renewal, IsOnDiskBeforeAnybodyHearsOfIt)
+{
+    startSignedIn();
+    std::optional<AuthUser> storedThen;
+    const QPropertyNotifier notifier = auth->user.addNotifier([&] { storedThen = storedUser(); });
+    const auto renewal = renew();
+    answer(0, R"({"id_token":"id-2","refresh_token":"refresh-2"})");
+    ASSERT_TRUE(storedThen);
+    EXPECT_EQ(storedThen->refreshToken, u"refresh-2"_s);
+}
+
 TEST_F(Renewal, KeepsTheUserWhenTheProgramEnds)
 {
     startSignedIn();

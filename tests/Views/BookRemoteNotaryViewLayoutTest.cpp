@@ -1,8 +1,7 @@
 #include "BookRemoteNotaryViewTest.h"
 #include "Booking/FeePanel.h"
-#include "Components/Button.h"
+#include "Clipping.h"
 #include "Components/Card.h"
-#include "Components/PlainLabel.h"
 #include "Type.h"
 
 #include <QScrollArea>
@@ -26,33 +25,6 @@ protected:
     QRect fee() const { return inPage(view->findChild<FeePanel*>()); }
     QRect section(const QString& name) const { return inPage(named(name)); }
     QScrollBar* scrollBar() const { return view->findChild<QScrollArea*>()->verticalScrollBar(); }
-
-    template <typename W, typename Check>
-    void checkAll(Check check) const
-    {
-        for (W* widget : view->findChildren<W*>()) {
-            if (widget->isVisible())
-                check(widget);
-        }
-    }
-    /// Everything has the room that its text needs.
-    void expectNothingClipped() const
-    {
-        checkAll<PlainLabel>([](const PlainLabel* label) {
-            EXPECT_GE(label->height(), label->heightForWidth(label->width()))
-                << qUtf8Printable(label->text());
-        });
-        checkAll<Button>([](const Button* button) {
-            EXPECT_GE(button->width(), button->sizeHint().width()) << qUtf8Printable(button->title());
-        });
-        checkAll<QWidget>([](const QWidget* widget) {
-            const QWidget* parent = widget->parentWidget();
-            if (widget->isWindow() || qobject_cast<const QAbstractScrollArea*>(parent->parentWidget()))
-                return;
-            EXPECT_TRUE(parent->rect().contains(widget->geometry()))
-                << widget->metaObject()->className() << ' ' << qUtf8Printable(widget->accessibleName());
-        });
-    }
 };
 
 class BookRemoteNotaryViewSizes : public BookRemoteNotaryViewLayout, public testing::WithParamInterface<QSize>
@@ -64,20 +36,19 @@ TEST_P(BookRemoteNotaryViewSizes, NothingIsClipped)
 {
     show(GetParam());
     attach({u"deed.pdf"_s, QString(200, u'x') + u".pdf"_s});
-    expectNothingClipped();
+    Clipping::expectNothingClipped(*view);
     model->addSigner();
     model->actUnknown = true;
     model->documentRetrievalOption = u"priority"_s;
     model->uploadProgressText = u"Uploading 1 of 2: "_s + QString(200, u'x');
     settle();
-    expectNothingClipped();
-    EXPECT_EQ(view->findChild<QScrollArea*>()->horizontalScrollBar()->maximum(), 0);
+    Clipping::expectNothingClipped(*view);
 }
 
 TEST_P(BookRemoteNotaryViewSizes, NoColumnIsWiderThan720)
 {
     show(GetParam());
-    checkAll<Card>([](const Card* card) { EXPECT_LE(card->width(), 720); });
+    Clipping::checkAll<Card>(*view, [](const Card* card) { EXPECT_LE(card->width(), 720); });
 }
 
 TEST_P(BookRemoteNotaryViewSizes, NothingIsClippedAtTwiceTheTextSize)
@@ -88,8 +59,7 @@ TEST_P(BookRemoteNotaryViewSizes, NothingIsClippedAtTwiceTheTextSize)
     model->actUnknown = true;
     model->uploadProgressText = u"Uploading 1 of 2: "_s + QString(200, u'x');
     settle();
-    expectNothingClipped();
-    EXPECT_EQ(view->findChild<QScrollArea*>()->horizontalScrollBar()->maximum(), 0);
+    Clipping::expectNothingClipped(*view);
 }
 
 INSTANTIATE_TEST_SUITE_P(Windows, BookRemoteNotaryViewSizes,
@@ -171,6 +141,5 @@ TEST_F(BookRemoteNotaryViewLayout, TheSuccessCardWrapsALongMessage)
     show({760, 648});
     model->successMessage = QString(30, u'x') + QString(100, u' ') + QString(u"words "_s).repeated(80);
     settle();
-    expectNothingClipped();
-    EXPECT_EQ(view->findChild<QScrollArea*>()->horizontalScrollBar()->maximum(), 0);
+    Clipping::expectNothingClipped(*view);
 }

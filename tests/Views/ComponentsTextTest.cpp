@@ -13,8 +13,10 @@
 #include "Components/SectionTitle.h"
 #include "Components/StatusPill.h"
 #include "Components/SymbolLine.h"
+#include "Components/TextEditor.h"
 #include "Components/WorkspaceHero.h"
 
+#include <QPlainTextEdit>
 #include <QTextDocument>
 
 using namespace Qt::StringLiterals;
@@ -155,6 +157,21 @@ TEST_F(ComponentsText, AWrappingLabelGrowsByWholeLines)
     EXPECT_GT(label.heightForWidth(200), 20);
     label.setText(u"one\ntwo"_s);
     EXPECT_EQ(label.heightForWidth(2000), 40);
+}
+
+TEST_F(ComponentsText, TheLinesOfAnEditorAreAsFarApartAsThoseOfALabel)
+{
+    auto* editor = shown(new TextEditor(u"Notes"_s));
+    editor->setText(u"one\ntwo\n"_s + u"a long line that wraps "_s.repeated(8));
+    auto* edit = editor->edit();
+    QTextCursor cursor(edit->document());
+    QList<int> tops;
+    do
+        tops += edit->cursorRect(cursor).top();
+    while (cursor.movePosition(QTextCursor::Down));
+    ASSERT_GT(tops.size(), 3);
+    for (qsizetype line = 1; line < tops.size(); ++line)
+        EXPECT_EQ(tops[line] - tops[line - 1], 20);
 }
 
 TEST_F(ComponentsText, TextsThatAreEmptyTakeNoRoom)

@@ -98,3 +98,33 @@ TEST_F(LoginViewTest, ThePasswordIsConcealed)
     EXPECT_EQ(password->role(), QAccessible::EditableText);
     EXPECT_TRUE(password->state().passwordEdit);
 }
+
+TEST_F(LoginViewTest, SaysWhatItIsForInEitherMode)
+{
+    const QStringList always{u"Sessions"_s, u"Quorvel"_s, u"Remote notary desktop workspace"_s,
+        u"Book remote notarizations, track sessions, message your notary team, and manage your workspace "
+        u"from a "
+        "polished Mac experience."_s,
+        u"Guided booking"_s, u"Rush or No-Rush sessions with signer details and schedule controls."_s,
+        u"Session workspace"_s, u"Review status, signers, notes, records, and messages in one place."_s,
+        u"Menu bar access"_s, u"Book, open sessions, and switch workspaces from the top menu."_s,
+        u"Secure session handling"_s, u"You will be returned to sign in when your session ends."_s,
+        u"Your account determines which workspace appears, including client, business, notary, or admin access."_s,
+        u"Email"_s, u"Password"_s};
+    const QStringList signingIn{u"Sign In"_s, u"Sign in to continue to your desktop workspace."_s};
+    const QStringList registering{u"Create Account"_s, u"Create your Quorvel account."_s, u"Full Name"_s,
+        u"Phone"_s, u"City"_s, u"State"_s};
+    for (const bool mode : {false, true}) {
+        model->isRegistering = mode;
+        settle();
+        const QStringList shown = texts(view);
+        EXPECT_THAT(shown, testing::IsSupersetOf(always));
+        EXPECT_THAT(shown, testing::IsSupersetOf(mode ? registering : signingIn));
+        for (const QString& absent : mode ? signingIn : registering)
+            EXPECT_FALSE(shown.contains(absent)) << absent.toStdString();
+    }
+    EXPECT_EQ(field(u"Full Name"_s)->placeholderText(), u"Jordan Ellis"_s);
+    EXPECT_EQ(field(u"Phone"_s)->placeholderText(), u"(555) 010-0199"_s);
+    EXPECT_EQ(field(u"City"_s)->placeholderText(), u"Springfield"_s);
+    EXPECT_EQ(field(u"Password"_s)->placeholderText(), u"Password"_s);
+}

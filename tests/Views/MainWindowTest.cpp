@@ -13,22 +13,11 @@
 #include "Sessions/SessionsView.h"
 #include "Shell/ContentPane.h"
 #include "Shell/DashboardHomeView.h"
+#include "SteadyAppearance.h"
+
+#include <QMenuBar>
 
 using namespace Qt::StringLiterals;
-
-/// A desktop whose colours the test decides.
-class SteadyAppearance : public SystemAppearance
-{
-public:
-    bool isDark() const override { return dark; }
-    void become(bool isDark)
-    {
-        dark = isDark;
-        emit changed();
-    }
-
-    bool dark = false;
-};
 
 class MainWindowTest : public ScreensViewTest
 {
@@ -108,13 +97,50 @@ TEST_F(MainWindowTest, ShortcutsLeadToTheirSections)
     EXPECT_EQ(router.selectedSection.value(), AppSection::book);
 }
 
+TEST_F(MainWindowTest, TheApplicationMenuOffersThreeWaysInTheirOrder)
+{
+    const QList<QAction*> menus = window.menuBar()->actions();
+    ASSERT_EQ(menus.size(), 1);
+    EXPECT_EQ(menus.constFirst()->text(), u"Quorvel"_s);
+    QStringList items;
+    for (const QAction* item : menus.constFirst()->menu()->actions())
+        items += item->text() + u'|' + item->shortcut().toString();
+    EXPECT_EQ(items,
+        (QStringList{
+            u"Book Remote Notary|Ctrl+Shift+B"_s, u"Sessions|Ctrl+Shift+S"_s, u"|"_s, u"Settings|Ctrl+,"_s}));
+}
+
+TEST_F(MainWindowTest, TheSidebarIsHeadedByWhoIsSignedInAndInWhichRole)
+{
+    EXPECT_THAT(texts(window), testing::IsSupersetOf({u"Quorvel"_s, u"Desktop"_s, u"Main"_s, u"Account"_s}));
+    EXPECT_FALSE(texts(window).contains(u"Workspaces"_s));
+    EXPECT_FALSE(texts(window).contains(u"Active Workspace"_s));
+    click(named<SidebarEntry>(window, u"Settings"_s));
+    signIn(account(u"maya"_s, {AppRole::notary}), AppRole::notary);
+    settle();
+    EXPECT_THAT(texts(window),
+        testing::IsSupersetOf(
+            {u"maya"_s, u"Notary"_s, u"Main"_s, u"Workspaces"_s, u"Account"_s, u"Active Workspace"_s}));
+    EXPECT_FALSE(texts(window).contains(u"Desktop"_s));
+}
+
+TEST_F(MainWindowTest, TheGateOfARoleAsksForItsSignIn)
+{
+    router.selectedSection = AppSection::notaryDashboard;
+    settle();
+    ASSERT_TRUE(isShowing<LoginView>());
+    EXPECT_TRUE(texts(*window.findChild<LoginView*>()).contains(u"Notary"_s));
+}
+
 TEST_F(MainWindowTest, AClientIsKeptOutOfAnotherRolesSection)
 {
     signIn(account(u"priya"_s));
     router.open(AppSection::adminUsers);
     settle();
     EXPECT_TRUE(isShowing<EmptyStateView>());
-    EXPECT_EQ(model.restrictionMessage(), u"This section is available to Admin accounts only."_s);
+    EXPECT_THAT(texts(window),
+        testing::IsSupersetOf(
+            {u"Access Restricted"_s, u"This section is available to Admin accounts only."_s}));
 }
 
 TEST_F(MainWindowTest, TheSwitcherOffersTheRolesAndSwitches)

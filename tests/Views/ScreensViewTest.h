@@ -5,6 +5,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QLabel>
 #include <QTest>
 #include <QWidget>
 
@@ -35,6 +36,17 @@ protected:
                 return control;
         }
         return nullptr;
+    }
+
+    /// The texts of the labels that are visible.
+    static QStringList texts(QWidget& in)
+    {
+        QStringList texts;
+        for (const QLabel* label : in.findChildren<QLabel*>()) {
+            if (label->isVisible())
+                texts += label->text();
+        }
+        return texts;
     }
 
     static void click(QWidget* control)

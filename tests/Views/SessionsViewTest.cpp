@@ -9,6 +9,10 @@
 #include "ScreensViewTest.h"
 #include "Sessions/SessionDetailView.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLabel>
+
 using namespace Qt::StringLiterals;
 
 static const QByteArray threeSessions = R"({"sessions":[
@@ -187,3 +191,52 @@ TEST_F(SessionsViewTest, AViewThatGoesWhileLoadingLeavesNothingBehind)
     answer(0, threeSessions);
     EXPECT_EQ(model->sessions().size(), 3);
 }
+
+struct OddText
+{
+    const char* name;
+    QString text;
+};
+
+class SessionsViewOddText : public SessionsViewTest, public testing::WithParamInterface<OddText>
+{
+protected:
+    /// A session with the text in every field that is shown, as a bridge would answer it.
+    static QByteArray sessionOf(const QString& text)
+    {
+        const QJsonObject session{{u"id"_s, 7}, {u"signer_names"_s, QJsonArray{text}}, {u"status"_s, text},
+            {u"document_type"_s, text}, {u"scheduled_date"_s, text}, {u"client_email"_s, text}};
+        return QJsonDocument(session).toJson();
+    }
+};
+
+/// Nothing that a server sends changes the shape of a list, or is anything but text.
+TEST_P(SessionsViewOddText, IsShownInARowLikeAnyOther)
+{
+    open();
+    answer(requestCount() - 1, "[" + sessionOf(u"plain"_s) + "," + sessionOf(GetParam().text) + "]");
+    ASSERT_EQ(list()->model()->rowCount(), 2);
+    const QRect plain = list()->visualRect(list()->model()->index(0, 0));
+    const QRect odd = list()->visualRect(list()->model()->index(1, 0));
+    EXPECT_EQ(odd.size(), plain.size());
+    EXPECT_GT(odd.height(), 0);
+    for (int row = 0; row < 2; ++row) {
+        QTest::mouseClick(list()->viewport(), Qt::LeftButton, {},
+            list()->visualRect(list()->model()->index(row, 0)).center());
+        settle();
+        EXPECT_FALSE(view->grab().isNull());
+    }
+    for (int request = 1; request < requestCount(); ++request)
+        EXPECT_EQ(line(request), u"GET /remote-notary/sessions/7"_s);
+    for (const QLabel* label : view->findChildren<QLabel*>())
+        EXPECT_EQ(label->textFormat(), Qt::PlainText);
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, SessionsViewOddText,
+    testing::Values(OddText{"Nul", u"a"_s + QChar::Null + u"b"_s},
+        OddText{"LoneSurrogate", u"a"_s + QChar(0xD800) + u"b"_s},
+        OddText{"Override", u"a"_s + QChar(0x202E) + u"gnp.deed"_s},
+        OddText{"LineBreaks", u"a\r\nb\u2028c\td"_s}, OddText{"Markup", u"<b>x</b><img src=file:///x>"_s},
+        OddText{"Combining", u"a"_s + QString(5'000, QChar(0x0301))},
+        OddText{"Endless", QString(2'000'000, u'x')}, OddText{"EndlessWords", u"word "_s.repeated(400'000)}),
+    [](const auto& row) { return std::string(row.param.name); });

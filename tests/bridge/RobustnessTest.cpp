@@ -134,6 +134,32 @@ TEST_F(Robustness, AnEndlessHeaderLineIsCutOff)
     EXPECT_EQ(api.get("//").status, 200);
 }
 
+TEST_F(Robustness, ALargeUploadTakesLittleMemory)
+{
+    const std::string token = tokenOf(client);
+    const std::string form = formBody({}, {{"a.bin", "a/b", ""}});
+    const std::size_t behind = form.find("\r\n\r\n") + 4;
+    const std::string piece(64 << 10, 'x');
+    constexpr std::size_t pieces = 400;
+    const std::size_t before = peakMemory();
+    const auto result = api.client()->Post(
+        "/mobile-bridge/v1/remote-notary/sessions/13/documents",
+        {{"Authorization", "Bearer " + token}, {"Content-Type", formType}},
+        form.size() + pieces * piece.size(),
+        [&](std::size_t, std::size_t, httplib::DataSink& sink) {
+            sink.write(form.data(), behind);
+            for (std::size_t i = 0; i < pieces; ++i)
+                sink.write(piece.data(), piece.size());
+            return sink.write(form.data() + behind, form.size() - behind);
+        },
+        formType);
+    ASSERT_TRUE(result) << httplib::to_string(result.error());
+    EXPECT_EQ(result->status, 201) << result->body;
+    EXPECT_EQ(
+        stored("select cast(max(byte_size) as text) from uploads"), std::to_string(pieces * piece.size()));
+    EXPECT_LT(peakMemory() - before, 8u << 20);
+}
+
 TEST_F(Robustness, CountlessHeadersAreCutOff)
 {
     RawConnection connection(bridge.port());
@@ -198,13 +224,18 @@ TEST_F(Robustness, WhatIsNoJsonObjectIsRefused)
 
 TEST_F(Robustness, AnUnreadBodyDoesNotBecomeTheNextRequest)
 {
-    RawConnection connection(bridge.port());
     const std::string smuggled = "GET /smuggled HTTP/1.1\r\n\r\n";
-    ASSERT_TRUE(connection.send(
-        "GET / HTTP/1.1\r\nContent-Length: " + std::to_string(smuggled.size()) + "\r\n\r\n" + smuggled));
-    const std::string answers = connection.readAll();
-    EXPECT_EQ(answers.rfind("HTTP/1.1 200", 0), 0u);
-    EXPECT_EQ(answers.find("HTTP/1.1", 1), std::string::npos) << answers;
+    const std::string length = "Content-Length: " + std::to_string(smuggled.size()) + "\r\n";
+    const std::string heads[] = {length, "Content-Length: 0\r\n" + length, "Content-Length: -1\r\n",
+        "Content-Length: +0\r\n", "Content-Length: 0x1a\r\n", "Transfer-Encoding: chunked\r\n",
+        "Content-Length: 0\r\nTransfer-Encoding: chunked\r\n"};
+    for (const std::string& head : heads) {
+        RawConnection connection(bridge.port());
+        ASSERT_TRUE(connection.send("GET / HTTP/1.1\r\n" + head + "\r\n" + smuggled));
+        const std::string answers = connection.readAll();
+        EXPECT_EQ(answers.rfind("HTTP/1.1 200", 0), 0u) << head;
+        EXPECT_EQ(answers.find("HTTP/1.1", 1), std::string::npos) << head << answers;
+    }
 }
 
 TEST_F(Robustness, AConnectionServesManyRequests)

@@ -111,6 +111,16 @@ TEST_F(Sessions, NamesTheFieldThatABookingLacks)
     EXPECT_EQ(stored("select cast(count(*) as text) from sessions"), "26");
 }
 
+TEST_F(Sessions, ABookingThatIsNoJsonObjectCouldNotBeRead)
+{
+    const std::string token = tokenOf(client);
+    for (const char* body : {"{", "[]", "1", "{\"contact_name\":\"\xff\"}"}) {
+        const Reply reply = api.sendText("POST", "/remote-notary/sessions", token, "application/json", body);
+        EXPECT_EQ(reply.status, 400) << body;
+        EXPECT_EQ(reply.body, Json({{"message", "The request could not be read."}}));
+    }
+}
+
 TEST_F(Sessions, ABusinessSchedulesForItsClients)
 {
     Json body = bookingBody();
@@ -165,7 +175,8 @@ TEST_F(Sessions, CancelsOnlyWhatIsNotOver)
 TEST_F(Sessions, MessagesArriveInOrderWithTheirSenders)
 {
     const std::string path = "/remote-notary/sessions/13/messages";
-    const std::string text = "Zoë says \"hi\" \\ <b>&amp; 😀\nsecond line";
+    const std::string text
+        = "Zoë says \"hi\" \\ <b>&amp; 😀\nsecond line, \t\x01 and " + std::string(1, '\0') + '!';
     EXPECT_EQ(api.post(path, tokenOf(client), {{"message", "  " + text + "\n"}}).status, 201);
     EXPECT_EQ(api.post(path, tokenOf(notary), {{"message", "two"}}).status, 201);
     EXPECT_EQ(api.post(path, tokenOf(admin), {{"message", "three"}}).status, 201);

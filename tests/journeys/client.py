@@ -1,7 +1,9 @@
 """The real client, started on the journey's desktop against the journey's bridge."""
 
+import re
 import stat
 from dataclasses import dataclass, field
+from pathlib import Path
 
 import hands
 from person import Person
@@ -26,9 +28,13 @@ class Client:
     def __init__(self, build, desktop, bridge, conditions=Conditions()):
         self._home = desktop.home
         self._scale = conditions.scale
-        self.process = desktop.processes.start(
-            [build / "bin" / "quorvel", *conditions.arguments],
-            desktop.environment | {"SSL_CERT_FILE": str(bridge.authority)} | conditions.environment)
+        # Of all runs, one behind the other.
+        self._log = desktop.folder / "client.log"
+        with self._log.open("ab") as log:
+            self.process = desktop.processes.start(
+                [build / "bin" / "quorvel", *conditions.arguments],
+                desktop.environment | {"SSL_CERT_FILE": str(bridge.authority)} | conditions.environment,
+                stdout=log, stderr=log)
         self.screen = Screen(self.process.pid)
         self.person = Person(self.screen)
         self.wait_for_window()
@@ -50,6 +56,15 @@ class Client:
 
     def is_running(self):
         return self.process.poll() is None
+
+    def printed(self):
+        """What this and earlier runs have written to the terminal."""
+        return self._log.read_bytes()
+
+    def largest_core(self):
+        """The bytes that the system may write to disk of this process when it crashes."""
+        limits = Path(f"/proc/{self.process.pid}/limits").read_text(encoding="ascii")
+        return re.search(r"^Max core file size +(\S+) +\S+", limits, re.MULTILINE)[1]
 
     def preferences(self):
         """The text of the one file that the client keeps."""

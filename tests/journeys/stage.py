@@ -10,9 +10,9 @@ DEFAULT_SIZE = (1180, 760)
 
 class Stage:
     """The client with its person, the bridge behind it, the tray beside it, and the album. `scheme` is "light" or
-    "dark"."""
+    "dark"; `secrets` are the tokens that the client has been seen to keep."""
 
-    def __init__(self, client, bridge, album, tray, scheme):
+    def __init__(self, client, bridge, album, tray, scheme, secrets):
         self.client = client
         self.person = client.person
         self.screen = client.screen
@@ -20,6 +20,7 @@ class Stage:
         self.album = album
         self.tray = tray
         self.scheme = scheme
+        self.secrets = secrets
 
     def picture(self, name):
         """Of the main window, with the pointer off it."""

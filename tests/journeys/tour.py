@@ -26,6 +26,7 @@ class Journey:
         self._album = album
         self._desktop = desktop
         self._started = time.monotonic()
+        self._secrets = set()
         self.stage = None
 
     def run(self):
@@ -72,12 +73,13 @@ class Journey:
             ("a new account", signing_in.new_account),
             ("quitting", leaving.quit_from_tray),
             ("nothing else was written", leaving.expect_tidy_home),
+            ("nothing was told", leaving.expect_discreet),
         ]
 
     def _meet(self, bridge, tray, scheme, conditions=Conditions()):
         """Starts the client, which is expected to show itself in the scheme."""
         client = Client(self._build, self._desktop, bridge, conditions)
-        self.stage = Stage(client, bridge, self._album, tray, scheme)
+        self.stage = Stage(client, bridge, self._album, tray, scheme, self._secrets)
 
     def _restart(self, stage):
         """Whoever was signed in still is, in the scheme that was chosen."""

@@ -1,6 +1,7 @@
 """The part of a desktop that shows tray items: a watcher, which runs as a program of its own, and a hand that picks
 from an item's menu as such a desktop does."""
 
+import re
 import sys
 
 import gi
@@ -35,10 +36,11 @@ class Tray:
 
     def titles(self):
         """What the menu offers, in its order; separators as empty texts."""
-        return [properties.get("label", "") for _, properties in self._entries()]
+        return [_shown(properties.get("label", "")) for _, properties in self._entries()]
 
     def choose(self, title):
-        identifier = next(number for number, properties in self._entries() if properties.get("label") == title)
+        identifier = next(number for number, properties in self._entries()
+                          if _shown(properties.get("label", "")) == title)
         self._call_menu("Event", GLib.Variant("(isvu)", (identifier, "clicked", GLib.Variant("i", 0), 0)))
 
     def _entries(self):
@@ -64,6 +66,11 @@ class Tray:
         answer = self._bus.call_sync("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "NameHasOwner",
                                      GLib.Variant("(s)", (name,)), None, Gio.DBusCallFlags.NONE, -1)
         return answer.unpack()[0]
+
+
+def _shown(label):
+    """A label as people see it: an underscore marks the character behind it."""
+    return re.sub("_(.)", r"\1", label)
 
 
 class Watcher:

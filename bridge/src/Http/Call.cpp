@@ -9,6 +9,16 @@ namespace bridge {
 
 static constexpr std::size_t largestText = 1 << 20;
 
+Fields jsonObject(const std::string& body)
+{
+    if (body.empty())
+        return Fields({});
+    nlohmann::json value = nlohmann::json::parse(body, nullptr, false);
+    if (!value.is_object())
+        throw refusal(400, "The request could not be read.");
+    return Fields(std::move(value));
+}
+
 Call::Call(
     const httplib::Request& request, httplib::Response& response, const httplib::ContentReader* content)
     : request_(request), response_(response), content_(content)
@@ -67,17 +77,6 @@ std::string Call::text()
         body.append(bytes, size);
     });
     return body;
-}
-
-Fields Call::json()
-{
-    const std::string body = text();
-    if (body.empty())
-        return Fields({});
-    nlohmann::json value = nlohmann::json::parse(body, nullptr, false);
-    if (!value.is_object())
-        throw refusal(400, "The request could not be read.");
-    return Fields(std::move(value));
 }
 
 void Call::answer(const nlohmann::json& body, int status)

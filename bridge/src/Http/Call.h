@@ -11,6 +11,10 @@
 
 namespace bridge {
 
+/// A body as a JSON object; an empty body is an empty object.
+/// \throws Problem 400 when it is anything else
+Fields jsonObject(const std::string& body);
+
 /// One request on its way through an operation.
 class Call
 {
@@ -45,9 +49,8 @@ public:
     /// \throws Problem 413 beyond, 400 when the connection broke
     std::string text();
 
-    /// The body as a JSON object; an empty body is an empty object.
-    /// \throws Problem as text(), and 400 when it is anything else
-    Fields json();
+    /// \throws Problem as text() and jsonObject()
+    Fields json() { return jsonObject(text()); }
 
     /// Hands the body over as it comes in.
     /// \throws Problem 400 when the connection broke; whatever the sink throws

@@ -45,6 +45,26 @@ void Router::add(const std::string& method, const std::string& path, Access acce
     routes_.push_back({method, split(path), access, std::move(operation)});
 }
 
+void Router::answerAllOf(httplib::Server& server) const
+{
+    const std::string everything = R"([\s\S]*)";
+    const auto plain = [this](const httplib::Request& request, httplib::Response& response) {
+        dispatch(request, response, nullptr);
+    };
+    const auto withBody
+        = [this](const httplib::Request& request, httplib::Response& response,
+              const httplib::ContentReader& content) { dispatch(request, response, &content); };
+    server.Get(everything, plain).Options(everything, plain);
+    server.Post(everything, withBody).Put(everything, withBody);
+    server.Patch(everything, withBody).Delete(everything, withBody);
+    // What the library refuses by itself has no body yet.
+    const httplib::Server::Handler refuse = [](const httplib::Request&, httplib::Response& response) {
+        if (response.body.empty())
+            response.set_content(R"({"message":"The request could not be read."})", "application/json");
+    };
+    server.set_error_handler(refuse);
+}
+
 void Router::dispatch(
     const httplib::Request& request, httplib::Response& response, const httplib::ContentReader* content) const
 {

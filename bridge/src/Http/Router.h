@@ -33,6 +33,9 @@ public:
     /// \param path  literal pieces, and at most one "{id}" for a number
     void add(const std::string& method, const std::string& path, Access access, Operation operation);
 
+    /// Answers every request of the server, which must not outlive this object.
+    void answerAllOf(httplib::Server& server) const;
+
     /// Answers a request, whatever happens.
     void dispatch(const httplib::Request& request, httplib::Response& response,
         const httplib::ContentReader* content) const;

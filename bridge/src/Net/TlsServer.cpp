@@ -59,29 +59,40 @@ void TlsServer::finish()
 bool TlsServer::process_and_close_socket(socket_t socket)
 {
     TlsStream stream(socket, context_.get(), stop_.number());
-    Next next = stream.accept() ? Next::AnotherRequest : Next::Close;
-    for (std::size_t count = 1; next == Next::AnotherRequest; ++count) {
-        if (!stream.awaitRequest(patienceForNextRequest))
-            break;
-        next = serveOne(stream, count == mostRequestsOfConnection);
-    }
+    const Next next = stream.accept() ? serveAll(stream) : Next::Close;
     stream.close(next == Next::CloseWhileClientSends);
     ::close(socket);
     return true;
 }
 
-// The length that the request states for its body; none when it is in chunks of which nobody knows the sum.
+TlsServer::Next TlsServer::serveAll(RequestStream& stream)
+{
+    Next next = Next::AnotherRequest;
+    for (std::size_t count = 1; next == Next::AnotherRequest; ++count) {
+        if (!stream.awaitRequest(patienceForNextRequest))
+            return Next::Close;
+        next = serveOne(stream, count == mostRequestsOfConnection);
+    }
+    return next;
+}
+
+// The length that the request states for its body; none when it is in chunks, of which nobody knows the sum,
+// or when it is stated in a way that two readers could understand differently.
 static std::optional<std::uint64_t> statedLength(const httplib::Request& request)
 {
     if (request.has_header("Transfer-Encoding"))
         return std::nullopt;
+    const std::size_t count = request.get_header_value_count("Content-Length");
+    if (count == 0)
+        return 0;
     const std::string text = request.get_header_value("Content-Length");
+    const char* end = text.data() + text.size();
     std::uint64_t length = 0;
-    std::from_chars(text.data(), text.data() + text.size(), length);
-    return length;
+    const auto [stop, error] = std::from_chars(text.data(), end, length);
+    return count == 1 && error == std::errc() && stop == end ? std::optional(length) : std::nullopt;
 }
 
-TlsServer::Next TlsServer::serveOne(TlsStream& stream, bool isLast)
+TlsServer::Next TlsServer::serveOne(RequestStream& stream, bool isLast)
 {
     bool isOver = isLast;
     std::optional<std::uint64_t> bodyLength = 0;

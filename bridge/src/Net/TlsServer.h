@@ -1,9 +1,8 @@
 #pragma once
 
+#include "Net/RequestStream.h"
 #include "Net/TlsIdentity.h"
 #include "Store/Files.h"
-
-#include <httplib.h>
 
 #include <functional>
 #include <string>
@@ -23,6 +22,13 @@ public:
 
     explicit TlsServer(const TlsIdentity& identity);
 
+    enum class Next
+    {
+        AnotherRequest,
+        Close,
+        CloseWhileClientSends, ///< an answer was given before the request's body was read
+    };
+
     bool is_valid() const override { return context_ != nullptr; }
 
     /// Takes the address; 0 for a free port. Returns the port, or nothing when it is not to be had.
@@ -32,16 +38,12 @@ public:
     void serve();
     void finish();
 
+    /// Answers the requests of one connection, until it is to be closed.
+    Next serveAll(RequestStream& stream);
+
 private:
     bool process_and_close_socket(socket_t socket) override;
-
-    enum class Next
-    {
-        AnotherRequest,
-        Close,
-        CloseWhileClientSends, ///< an answer was given before the request's body was read
-    };
-    Next serveOne(class TlsStream& stream, bool isLast);
+    Next serveOne(RequestStream& stream, bool isLast);
 
     TlsIdentity::Context context_;
     Descriptor stop_;

@@ -57,8 +57,7 @@ static void list(Service& service, Call& call)
 static void book(Service& service, Call& call)
 {
     const std::string text = call.text();
-    const Fields fields(nlohmann::json::parse(text, nullptr, false));
-    const Session wanted = readBooking(fields, text, call.account());
+    const Session wanted = readBooking(jsonObject(text), text, call.account());
     const Session session = service.database.write([&](soci::session& sql) {
         if (wanted.businessId != 0)
             rememberBusinessClient(sql, wanted.businessId,

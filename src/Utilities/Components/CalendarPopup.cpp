@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int across = 10;
-constexpr int down = 13;
+constexpr int down = 14;
 /// The header's buttons stand a little outside the days.
 constexpr int headerOutset = 4;
 constexpr int chevron = 14;

@@ -13,10 +13,12 @@ int symbolEdge(qreal chip)
 {
     const auto unscaled = chip / Type::factor();
     return Type::scaled(unscaled < 36 ? 16
-            : unscaled < 44           ? 20
-            : unscaled < 56           ? 24
-            : unscaled < 64           ? 36
-                                      : 40);
+            : unscaled < 40           ? 20
+            : unscaled < 44           ? 22
+            : unscaled < 48           ? 24
+            : unscaled < 56           ? 28
+            : unscaled < 64           ? 34
+                                      : 38);
 }
 
 } // namespace
@@ -41,7 +43,7 @@ QSize Chip::sizeHint() const
 
 void Chip::draw(QPainter& painter, const QRectF& box, const QString& symbol, Look look)
 {
-    const qreal radius = box.width() < 36 ? Radius::control : box.width() < 56 ? Radius::chip : Radius::card;
+    const qreal radius = box.width() < 36 ? Radius::control : box.width() < 48 ? Radius::chip : Radius::card;
     auto tone = Brand::blue;
     QBrush fill;
     switch (look) {

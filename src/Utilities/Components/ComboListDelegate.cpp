@@ -8,6 +8,7 @@
 #include "Symbols.h"
 
 #include <QPainter>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
@@ -38,7 +39,7 @@ void ComboListDelegate::paint(
     QRect line = option.rect.adjusted(padding, 0, -padding, 0);
     const auto visual
         = [&option](const QRect& rect) { return QStyle::visualRect(option.direction, option.rect, rect); };
-    const QRect first(line.left(), line.center().y() - edge / 2, edge, edge);
+    const QRect first(line.left(), line.top() + (line.height() - edge) / 2, edge, edge);
     line.setLeft(first.right() + 1 + gap);
     QRect check = first;
     if (box_->hasSymbols()) {

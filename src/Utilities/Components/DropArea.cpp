@@ -13,15 +13,28 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Room inside the dashes.
 constexpr int padding = 20;
 constexpr qreal idleEdge = 1.5;
 constexpr qreal hoverEdge = 2;
+/// In pixels.
+constexpr qreal idleDash = 3;
+constexpr qreal idleGap = 2;
+constexpr qreal hoverDash = 4;
+constexpr qreal hoverGap = 3;
+
+/// A thickness that fills whole pixels of the screen, or a hairline would be smeared over two rows of them.
+qreal crisp(qreal thickness, qreal pixelRatio)
+{
+    return std::max(1.0, std::floor(thickness * pixelRatio)) / pixelRatio;
+}
 
 } // namespace
 
@@ -34,7 +47,8 @@ DropArea::DropArea(
     setAccessibleDescription(lines.join(u' '));
     setAcceptDrops(true);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
-    column_->setContentsMargins(padding, padding, padding, padding);
+    constexpr int margin = padding + 1;
+    column_->setContentsMargins(margin, margin, margin, margin);
     column_->addWidget(new SymbolView(systemImage, IconSize::large(), Brand::blue), 0, Qt::AlignHCenter);
     column_->addSpacing(8);
     auto* title = new PlainLabel(heading, Type::sub);
@@ -103,10 +117,11 @@ void DropArea::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const qreal edge = hovered_ ? hoverEdge : idleEdge;
+    const qreal edge = crisp(hovered_ ? hoverEdge : idleEdge, devicePixelRatioF());
     QPen pen(Palette::color(hovered_ ? Brand::blue : Brand::muted), edge);
     // In units of the pen's width.
-    pen.setDashPattern(hovered_ ? QList<qreal>{4 / edge, 3 / edge} : QList<qreal>{3 / edge, 2 / edge});
+    pen.setDashPattern(hovered_ ? QList<qreal>{hoverDash / edge, hoverGap / edge}
+                                : QList<qreal>{idleDash / edge, idleGap / edge});
     pen.setCapStyle(Qt::FlatCap);
     painter.setPen(pen);
     painter.setBrush(Palette::color(hovered_ ? Brand::paleBlue : Brand::panel));

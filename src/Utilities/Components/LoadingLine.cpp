@@ -8,6 +8,7 @@
 #include "Spacing.h"
 
 #include <QPainter>
+#include <QStyle>
 
 namespace {
 

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int padding = 12;
 constexpr int typeWidth = 196;
+constexpr int removeSymbol = 18;
 /// From this width on the detail stands beside the type.
 constexpr int wideFrom = 600;
 
@@ -39,7 +40,7 @@ PendingFileRow::PendingFileRow(
     auto* caption = new FieldCaption(u"Type"_s);
     caption->setBuddy(type_);
     caption->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    auto* remove = new IconButton(texts.remove, u"xmark.circle.fill"_s);
+    auto* remove = new IconButton(texts.remove, u"xmark.circle.fill"_s, removeSymbol);
 
     auto* upper = Layouts::row(8, {label_, remove});
     auto* picker = Layouts::row(8, {caption, type_});

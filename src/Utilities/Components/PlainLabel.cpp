@@ -1,7 +1,6 @@
 #include "PlainLabel.h"
 
 #include "Palette.h"
-#include "PlainText.h"
 
 #include <QHelpEvent>
 #include <QPainter>
@@ -29,14 +28,19 @@ void PlainLabel::setText(const QString& text)
     if (text == this->text())
         return;
     QLabel::setText(text);
-    updateGeometry();
-    update();
+    textChanged();
 }
 
 void PlainLabel::setTextStyle(const Type::Style& style)
 {
     style_ = style;
     setFont(Type::font(style));
+    textChanged();
+}
+
+void PlainLabel::textChanged()
+{
+    laid_ = {};
     updateGeometry();
     update();
 }
@@ -68,8 +72,7 @@ QSize PlainLabel::sizeHint() const
 {
     if (fit_ == Fit::elide)
         return {PlainText::width(text(), style_), Type::lineHeight(style_)};
-    const PlainText::Paragraph unbroken(text(), style_, -1);
-    const int width = qMin(unbroken.width(), Type::scaled(widestHint));
+    const int width = qMin(unbrokenWidth(), Type::scaled(widestHint));
     return {width, heightForWidth(width)};
 }
 
@@ -83,7 +86,44 @@ int PlainLabel::heightForWidth(int width) const
 {
     if (fit_ == Fit::elide)
         return Type::lineHeight(style_);
-    return PlainText::Paragraph(text(), style_, width).height();
+    const auto known = laid().heights.constFind(width);
+    if (known != laid_.heights.constEnd())
+        return *known;
+    const int height = PlainText::Paragraph(text(), style_, width).height();
+    // A window that is being resized asks for ever new widths.
+    constexpr int mostHeights = 32;
+    if (laid_.heights.size() >= mostHeights)
+        laid_.heights.clear();
+    laid_.heights.insert(width, height);
+    return height;
+}
+
+/// What was worked out holds for as long as the type keeps its size.
+PlainLabel::Laid& PlainLabel::laid() const
+{
+    if (laid_.factor != Type::factor()) {
+        laid_ = {};
+        laid_.factor = Type::factor();
+    }
+    return laid_;
+}
+
+int PlainLabel::unbrokenWidth() const
+{
+    int& width = laid().unbrokenWidth;
+    if (width < 0)
+        width = PlainText::Paragraph(text(), style_, -1).width();
+    return width;
+}
+
+const PlainText::Paragraph& PlainLabel::painted() const
+{
+    Laid& known = laid();
+    if (!known.painted || known.paintedWidth != width()) {
+        known.painted = std::make_unique<PlainText::Paragraph>(text(), style_, width());
+        known.paintedWidth = width();
+    }
+    return *known.painted;
 }
 
 bool PlainLabel::event(QEvent* event)
@@ -104,9 +144,10 @@ void PlainLabel::paintEvent(QPaintEvent*)
     const auto color = Palette::color(isEnabled() || !mutedWhenDisabled_ ? tone_ : Brand::muted);
     if (fit_ == Fit::elide)
         return PlainText::draw(painter, rect(), text(), style_, color, alignment());
-    const PlainText::Paragraph paragraph(text(), style_, width());
+    const PlainText::Paragraph& paragraph = painted();
     QRectF box = rect();
-    if (alignment() & Qt::AlignVCenter && paragraph.height() < height())
-        box.setTop((height() - paragraph.height()) / 2);
+    const int above = (height() - paragraph.height()) / 2;
+    if (alignment() & Qt::AlignVCenter && above > 0)
+        box.setTop(above);
     paragraph.draw(painter, box, color, alignment());
 }

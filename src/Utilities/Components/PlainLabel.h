@@ -1,9 +1,13 @@
 #pragma once
 
 #include "Brand.h"
+#include "PlainText.h"
 #include "Type.h"
 
+#include <QHash>
 #include <QLabel>
+
+#include <memory>
 
 /// A text that is shown as it stands, in a style and a tone of the design. It either wraps, and grows in
 /// height, or stays on one line and elides; an elided text appears whole in the tool tip.
@@ -38,8 +42,24 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// What laying out the text came to: layouts ask again and again, and long texts take long.
+    struct Laid
+    {
+        double factor = 0; ///< of the type when this was worked out
+        int unbrokenWidth = -1;
+        QHash<int, int> heights; ///< by width
+        std::unique_ptr<PlainText::Paragraph> painted;
+        int paintedWidth = 0;
+    };
+
+    void textChanged();
+    Laid& laid() const;
+    int unbrokenWidth() const;
+    const PlainText::Paragraph& painted() const;
+
     Type::Style style_;
     Brand::Tone tone_;
     Fit fit_ = Fit::wrap;
     bool mutedWhenDisabled_ = true;
+    mutable Laid laid_;
 };

@@ -4,6 +4,7 @@
 #include "Palette.h"
 
 #include <QPainter>
+#include <QStyle>
 
 #include <algorithm>
 

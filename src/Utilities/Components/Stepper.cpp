@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPainterPath>
+#include <QStyleOptionSpinBox>
 
 using namespace Qt::StringLiterals;
 
@@ -71,7 +72,7 @@ void Stepper::keyPressEvent(QKeyEvent* event)
         return QSpinBox::keyPressEvent(event);
     default:
         // Nothing can be typed here.
-        return QWidget::keyPressEvent(event);
+        return event->ignore();
     }
 }
 
@@ -104,6 +105,6 @@ void Stepper::paintEvent(QPaintEvent*)
     paintHalf(painter, QStyle::SC_SpinBoxDown, u"minus"_s, value() > minimum());
     paintHalf(painter, QStyle::SC_SpinBoxUp, u"plus"_s, value() < maximum());
     painter.restore();
-    painter.fillRect(QRectF(width() / 2, 0, 1, height()), edge);
+    painter.fillRect(width() / 2, 0, 1, height(), edge);
     Paint::roundedRect(painter, rect(), Radius::control, Qt::NoBrush, edge);
 }

@@ -9,7 +9,10 @@
 
 namespace {
 
-constexpr int edge = 1;
+int edgeOf(Surface::Kind kind)
+{
+    return kind == Surface::Kind::dark ? 0 : 1;
+}
 
 } // namespace
 
@@ -22,7 +25,7 @@ Surface::Surface(Kind kind, int padding, QWidget* parent)
 
 void Surface::setPadding(int padding)
 {
-    const int margin = padding + edge;
+    const int margin = padding + edgeOf(kind_);
     content_->setContentsMargins(margin, margin, margin, margin);
 }
 

@@ -26,6 +26,7 @@ public:
     /// Appends to the content column, with some room above when it is not the first.
     void add(QWidget* widget, int spacingAbove = 0);
     void add(QLayout* layout, int spacingAbove = 0);
+    /// Room between the edge's line, where there is one, and the content.
     void setPadding(int padding);
 
 protected:

@@ -7,6 +7,7 @@
 #include "Spacing.h"
 
 #include <QPainter>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,6 @@
 #include "TextEditor.h"
 
+#include "EvenLines.h"
 #include "Paint.h"
 #include "Spacing.h"
 
@@ -17,6 +18,9 @@ public:
     EditorBox(const QString& placeholder, int height)
     {
         setFrameShape(QFrame::NoFrame);
+        auto* text = new QTextDocument(this);
+        text->setDocumentLayout(new EvenLines(text, Type::body));
+        setDocument(text);
         setFont(Type::font(Type::body));
         setPlaceholderText(placeholder);
         setTabChangesFocus(true);
@@ -24,13 +28,13 @@ public:
         viewport()->setAutoFillBackground(false);
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         setFixedHeight(Type::scaled(height));
-        constexpr int down = 11;
+        constexpr int down = 9;
         setPadding(down, down);
     }
 
     void setGrowing(int mostLines)
     {
-        const int lineHeight = fontMetrics().lineSpacing();
+        const int lineHeight = Type::lineHeight(Type::body);
         const int padding = (Height::control() - lineHeight) / 2;
         // Without a little room to spare at the end the box would scroll.
         constexpr int spare = 2;

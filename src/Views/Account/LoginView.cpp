@@ -16,6 +16,7 @@
 
 #include <QGridLayout>
 #include <QPainter>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +27,7 @@ constexpr int welcomeLeast = 340;
 constexpr int welcomeMost = 520;
 constexpr int formWidest = 400;
 constexpr int formMargin = 28;
+constexpr int formMarginCompact = 24;
 
 const QString signInMode = u"signIn"_s;
 const QString registerMode = u"register"_s;
@@ -65,9 +67,8 @@ QWidget* LoginView::makeForm()
     column->addWidget(makeSubmit());
 
     auto* fields = Layouts::holding(column);
-    fields->setMaximumWidth(formWidest);
+    fields->setMaximumWidth(Type::scaled(formWidest));
     auto* centred = Layouts::row(0);
-    centred->setContentsMargins(formMargin, formMargin, formMargin, formMargin);
     centred->addStretch(1);
     centred->addWidget(fields, 1000, Qt::AlignVCenter);
     centred->addStretch(1);
@@ -159,10 +160,18 @@ void LoginView::submit()
 
 void LoginView::paintEvent(QPaintEvent*)
 {
-    QPainter(this).fillRect(rect().adjusted(welcome_->width(), 0, 0, 0), Palette::color(Brand::card));
+    const QRect form = rect().adjusted(welcome_->isHidden() ? 0 : welcome_->width(), 0, 0, 0);
+    QPainter(this).fillRect(QStyle::visualRect(layoutDirection(), rect(), form), Palette::color(Brand::card));
 }
 
 void LoginView::resizeEvent(QResizeEvent*)
 {
-    welcome_->setFixedWidth(std::clamp(int(width() * welcomeShare), welcomeLeast, welcomeMost));
+    const bool compact = width() < Type::scaled(Spacing::compactBelow);
+    const int margin = compact ? formMarginCompact : formMargin;
+    form_->widget()->setContentsMargins(margin, margin, margin, margin);
+    const int welcomeWidth = std::clamp(qRound(width() * welcomeShare), welcomeLeast, welcomeMost);
+    welcome_->setCompact(compact);
+    welcome_->setFixedWidth(welcomeWidth);
+    // Under large text the form comes first.
+    welcome_->setVisible(width() - welcomeWidth >= form_->widget()->minimumSizeHint().width());
 }

@@ -17,6 +17,7 @@
 using namespace Qt::StringLiterals;
 
 static constexpr int widest = 1040;
+static constexpr int signInWidth = 120;
 
 SettingsContentView::SettingsContentView(std::shared_ptr<SettingsContentModel> model, QWidget* parent)
     : QStackedWidget(parent), model_(std::move(model))
@@ -32,6 +33,7 @@ QWidget* SettingsContentView::makeSignedOut()
     auto* prompt = new EmptyStateView(u"person.crop.circle"_s, u"Sign in required"_s,
         u"Sign in to update your profile, change your password, and access your saved sessions."_s);
     auto* signIn = new PrimaryButton(u"Sign In"_s);
+    signIn->setMinimumWidth(Type::scaled(signInWidth));
     connect(signIn, &Button::clicked, this, [model = model_] { model->signIn(); });
     prompt->setActions(signIn);
     return prompt;
@@ -39,20 +41,26 @@ QWidget* SettingsContentView::makeSignedOut()
 
 QWidget* SettingsContentView::makeSignedIn()
 {
-    auto* left = Layouts::column(Spacing::betweenCards, {makeAccountCard(), makeAboutCard()});
-    auto* right = Layouts::column(Spacing::betweenCards, {makePreferencesCard()});
+    Card* account = makeAccountCard();
+    Card* preferences = makePreferencesCard();
+    Card* about = makeAboutCard();
+    auto* left = Layouts::column(0, {account});
+    auto* right = Layouts::column(0, {preferences, about});
     left->addStretch();
     right->addStretch();
     auto* columns = new QBoxLayout(QBoxLayout::TopToBottom);
-    columns->setSpacing(Spacing::betweenCards);
     columns->addLayout(left, 1);
     columns->addLayout(right, 1);
 
     auto* page = new Page(widest);
-    page->column()->addWidget(makeHeader());
+    page->addHeader(makeHeader());
     page->column()->addLayout(columns);
-    const auto arrange = [columns](bool compact) {
+    for (Card* card : {account, preferences, about})
+        page->fit(card);
+    const auto arrange = [page, left, right, columns](bool compact) {
         columns->setDirection(compact ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+        for (QBoxLayout* layout : {columns, static_cast<QBoxLayout*>(left), static_cast<QBoxLayout*>(right)})
+            layout->setSpacing(page->column()->spacing());
     };
     arrange(page->isCompact());
     connect(page, &Page::compactChanged, this, arrange);
@@ -74,7 +82,7 @@ QWidget* SettingsContentView::makeHeader()
     return Layouts::holding(row);
 }
 
-QWidget* SettingsContentView::makeAccountCard()
+Card* SettingsContentView::makeAccountCard()
 {
     auto* chip = new Chip({});
     auto* role = new PlainLabel({}, Type::sub);
@@ -91,7 +99,7 @@ QWidget* SettingsContentView::makeAccountCard()
     return card;
 }
 
-QWidget* SettingsContentView::makePreferencesCard()
+Card* SettingsContentView::makePreferencesCard()
 {
     auto* card = new Card;
     card->add(new SectionTitle(u"Preferences"_s, u"Tune the desktop app for the way your office works."_s));
@@ -131,7 +139,7 @@ QWidget* SettingsContentView::makeAppearance()
     return Layouts::holding(column);
 }
 
-QWidget* SettingsContentView::makeAboutCard()
+Card* SettingsContentView::makeAboutCard()
 {
     auto* support = new SecondaryButton(u"Contact Support"_s, u"envelope.fill"_s);
     auto* website = new SecondaryButton(u"Visit Website"_s, u"safari"_s);

@@ -4,6 +4,8 @@
 
 #include <QStackedWidget>
 
+class Card;
+
 /// The person's settings; a way to sign in while nobody is.
 class SettingsContentView : public QStackedWidget
 {
@@ -16,10 +18,10 @@ private:
     QWidget* makeSignedOut();
     QWidget* makeSignedIn();
     QWidget* makeHeader();
-    QWidget* makeAccountCard();
-    QWidget* makePreferencesCard();
+    Card* makeAccountCard();
+    Card* makePreferencesCard();
     QWidget* makeAppearance();
-    QWidget* makeAboutCard();
+    Card* makeAboutCard();
 
     std::shared_ptr<SettingsContentModel> model_;
 };

@@ -32,7 +32,7 @@ BookRemoteNotaryView::BookRemoteNotaryView(std::shared_ptr<BookRemoteNotaryModel
       hero_(new WorkspaceHero(u"Remote Notary"_s, u"Book a Session"_s, model_->heroSubtitle())),
       form_(new BookingForm(*model_, *page_)), success_(new SuccessCard)
 {
-    page_->column()->addWidget(hero_);
+    page_->addHeader(hero_);
     page_->column()->addWidget(form_);
     page_->column()->addWidget(success_);
 

@@ -16,6 +16,7 @@
 #include <QEvent>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 

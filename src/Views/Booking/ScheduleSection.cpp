@@ -12,6 +12,7 @@
 using namespace Qt::StringLiterals;
 
 static constexpr int pickerWidth = 248;
+static constexpr int narrowestNotes = 200;
 static constexpr int betweenRows = 12;
 
 namespace {
@@ -45,6 +46,27 @@ private:
     BookRemoteNotaryModel& model_;
 };
 
+/// The picker and what is to be known about it, side by side where there is room.
+class Appointment : public QWidget
+{
+public:
+    Appointment(QWidget* picker, QLayout* notes) : row_(Layouts::row(Spacing::fieldsAcross, {picker}))
+    {
+        row_->addLayout(notes, 1);
+        setLayout(row_);
+    }
+
+protected:
+    void resizeEvent(QResizeEvent*) override
+    {
+        const bool beside = width() >= Type::scaled(pickerWidth + narrowestNotes);
+        row_->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    }
+
+private:
+    QBoxLayout* row_;
+};
+
 } // namespace
 
 ScheduleSection::ScheduleSection(BookRemoteNotaryModel& model)
@@ -75,12 +97,10 @@ QWidget* ScheduleSection::makeAppointment(BookRemoteNotaryModel& model)
     });
     auto* blocked = new PlainLabel(u"Past dates and times are blocked."_s, Type::small, Brand::steel);
 
-    auto* row = Layouts::row(Spacing::fieldsAcross, {picker});
-    auto* beside = Layouts::column(0);
-    beside->addStretch();
-    beside->addWidget(newYork);
-    beside->addWidget(blocked);
-    beside->addStretch();
-    row->addLayout(beside, 1);
-    return Layouts::holding(row);
+    auto* notes = Layouts::column(0);
+    notes->addStretch();
+    notes->addWidget(newYork);
+    notes->addWidget(blocked);
+    notes->addStretch();
+    return new Appointment(picker, notes);
 }

@@ -9,6 +9,8 @@
 #include "Screen/NewYorkTime.h"
 #include "Spacing.h"
 
+#include <QHBoxLayout>
+
 using namespace Qt::StringLiterals;
 
 static constexpr int underTitle = 12;

@@ -1,40 +1,16 @@
 #include "Booking/SuccessCard.h"
 
+#include "Components/Emblem.h"
 #include "Components/PlainLabel.h"
 #include "Components/PrimaryButton.h"
 #include "Components/SecondaryButton.h"
 #include "Layouts.h"
-#include "Paint.h"
-#include "Palette.h"
-#include "Symbols.h"
-
-#include <QPainter>
 
 using namespace Qt::StringLiterals;
 
 static constexpr int padding = 48;
 static constexpr int widestText = 520;
-
-namespace {
-
-class Emblem : public QWidget
-{
-public:
-    Emblem() { setFixedSize(Type::scaled(72), Type::scaled(72)); }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        Paint::roundedRect(
-            painter, rect(), height() / 2.0, Palette::color(Brand::softBlue), Palette::color(Brand::line));
-        QRectF box(0, 0, Type::scaled(40), Type::scaled(40));
-        box.moveCenter(QRectF(rect()).center());
-        Symbols::paint(painter, box, u"checkmark.circle.fill"_s, Palette::color(Brand::blue));
-    }
-};
-
-} // namespace
+static constexpr int symbolEdge = 40;
 
 SuccessCard::SuccessCard(QWidget* parent)
     : Card(padding, parent), message_(new PlainLabel({}, Type::body, Brand::steel)),
@@ -48,7 +24,7 @@ SuccessCard::SuccessCard(QWidget* parent)
     connect(viewSessions_, &Button::clicked, this, &SuccessCard::sessionsWanted);
     connect(another, &Button::clicked, this, &SuccessCard::anotherWanted);
 
-    content()->addWidget(new Emblem, 0, Qt::AlignHCenter);
+    content()->addWidget(new Emblem(u"checkmark.circle.fill"_s, symbolEdge), 0, Qt::AlignHCenter);
     add(title, 16);
     auto* centred = Layouts::row(0);
     centred->addStretch(1);

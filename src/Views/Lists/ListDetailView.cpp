@@ -6,14 +6,18 @@
 #include "Components/SearchField.h"
 #include "Components/SoftDivider.h"
 #include "Layouts.h"
+#include "Lists/RowListView.h"
+#include "Paint.h"
 #include "Palette.h"
 #include "PlainText.h"
+#include "Shell/ContentPane.h"
 #include "Spacing.h"
+#include "Type.h"
 
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QStackedLayout>
+#include <QStyle>
 
 namespace {
 
@@ -60,6 +64,7 @@ QWidget* ListDetailView::makeListArea(const Texts& texts)
     loading->addStretch();
     loadingPlace_ = Layouts::holding(loading);
     emptyPlace_ = new EmptyStateView(texts.emptyIcon, texts.emptyTitle, texts.emptyMessage);
+    emptyPlace_->centreOn(pane_);
     // A stack without a widget would show its first page as a window of its own.
     QWidget* area = Layouts::holding(listArea_);
     listArea_->addWidget(list_);
@@ -117,7 +122,7 @@ void ListDetailView::setDetail(QWidget* detail)
     }
     detail_ = detail;
     detail_->setParent(this);
-    detail_->setGeometry(rect().adjusted(pane_->width() + 1, 0, 0, 0));
+    arrange();
     detail_->show();
 }
 
@@ -140,22 +145,28 @@ void ListDetailView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    // The pane follows the round corner of the content behind it.
     const QRectF area = pane_->geometry();
-    QPainterPath shape(area.bottomLeft());
-    shape.lineTo(area.left(), area.top() + Radius::card);
-    shape.quadTo(area.topLeft(), QPointF(area.left() + Radius::card, area.top()));
-    shape.lineTo(area.topRight());
-    shape.lineTo(area.bottomRight());
-    painter.fillPath(shape, Palette::color(Brand::card));
-    painter.fillRect(QRectF(area.right(), area.top(), 1, area.height()), Palette::color(Brand::line));
+    painter.fillPath(
+        Paint::leadingCorner(area, ContentPane::innerRadius, layoutDirection()), Palette::color(Brand::card));
+    painter.fillRect(QStyle::visualRect(layoutDirection(), rect(), QRect(pane_->width(), 0, 1, height())),
+        Palette::color(Brand::line));
 }
 
 void ListDetailView::resizeEvent(QResizeEvent*)
 {
-    const int paneWidth = std::clamp(int(width() * listShare), listLeast, listMost);
-    pane_->setGeometry(0, 0, paneWidth, height());
+    arrange();
+}
+
+/// Large text makes the list wider than the design, up to half of the room.
+void ListDetailView::arrange()
+{
+    const int least = std::min(Type::scaled(listLeast), std::max(listLeast, width() / 2));
+    const int most = std::max(least, Type::scaled(listMost));
+    const int paneWidth = std::clamp(qRound(width() * listShare), least, most);
+    const auto place
+        = [this](const QRect& area) { return QStyle::visualRect(layoutDirection(), rect(), area); };
+    pane_->setGeometry(place(QRect(0, 0, paneWidth, height())));
     arrangeTitle();
     if (detail_)
-        detail_->setGeometry(rect().adjusted(paneWidth + 1, 0, 0, 0));
+        detail_->setGeometry(place(rect().adjusted(paneWidth + 1, 0, 0, 0)));
 }

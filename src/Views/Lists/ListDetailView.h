@@ -11,7 +11,7 @@ class QHBoxLayout;
 class QStackedLayout;
 class SearchField;
 
-/// A list with its search on the left, what is selected in it on the right: the arrangement of every screen
+/// A list with its search, and beside it what is selected in it: the arrangement of every screen
 /// that works through records.
 class ListDetailView : public QWidget
 {
@@ -57,6 +57,7 @@ private:
     QWidget* makeListArea(const Texts& texts);
     void arrangeTitle();
     void updateListArea();
+    void arrange();
 
     QWidget* pane_;
     PlainLabel* title_;
@@ -67,7 +68,7 @@ private:
     RowListView* list_;
     QStackedLayout* listArea_;
     QWidget* loadingPlace_;
-    QWidget* emptyPlace_;
+    EmptyStateView* emptyPlace_;
     QWidget* detail_ = nullptr;
     bool loading_ = false;
 };

@@ -1,10 +1,10 @@
 #include "Shell/ContentPane.h"
 
+#include "Paint.h"
 #include "Palette.h"
-#include "Spacing.h"
 
 #include <QPainter>
-#include <QPainterPath>
+#include <QStyle>
 
 ContentPane::ContentPane(QWidget* parent) : QWidget(parent) { }
 
@@ -20,26 +20,17 @@ void ContentPane::setScreen(QWidget* screen)
     screen_->show();
 }
 
-/// The outline of the pane: a line above and before the content, round where they meet.
-static QPainterPath outline(const QRectF& area)
-{
-    const QRectF corner(area.left() + 0.5, area.top() + 0.5, 2 * Radius::card, 2 * Radius::card);
-    QPainterPath path(QPointF(corner.left(), area.bottom() + 1));
-    path.lineTo(corner.left(), corner.center().y());
-    path.arcTo(corner, 180, -90);
-    path.lineTo(area.right() + 1, corner.top());
-    return path;
-}
-
 void ContentPane::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(rect(), Palette::color(Brand::panel));
-    QPainterPath content = outline(rect());
-    content.lineTo(rect().right() + 1, rect().bottom() + 1);
+    // The line lies in the middle of its pixels; only above and before the content it is on screen.
+    const bool mirrored = isRightToLeft();
+    const QRectF area = QRectF(rect()).adjusted(mirrored ? -1 : 0.5, 0.5, mirrored ? -0.5 : 1, 1);
+    const QPainterPath content = Paint::leadingCorner(area, Radius::card, layoutDirection());
     painter.fillPath(content, Palette::gradient(rect()));
-    painter.strokePath(outline(rect()), Palette::color(Brand::line));
+    painter.strokePath(content, Palette::color(Brand::line));
 }
 
 void ContentPane::resizeEvent(QResizeEvent*)
@@ -50,5 +41,5 @@ void ContentPane::resizeEvent(QResizeEvent*)
 void ContentPane::placeScreen()
 {
     if (screen_)
-        screen_->setGeometry(rect().adjusted(1, 1, 0, 0));
+        screen_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), rect().adjusted(1, 1, 0, 0)));
 }

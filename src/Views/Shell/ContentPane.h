@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Spacing.h"
+
 #include <QWidget>
 
 /// The area beside the sidebar: the content background with its one round corner, and the screen on it.
@@ -8,6 +10,9 @@ class ContentPane : public QWidget
     Q_OBJECT
 
 public:
+    /// Of the round corner inside its line, for a screen that fills it.
+    static constexpr qreal innerRadius = Radius::card - 0.5;
+
     explicit ContentPane(QWidget* parent = nullptr);
 
     /// Takes the screen's place; the screen shown before is deleted.

@@ -9,7 +9,7 @@
 #include "Dashboards/ShortcutRow.h"
 #include "Layouts.h"
 
-#include <QGridLayout>
+#include <QBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -19,6 +19,10 @@ constexpr int widest = 1120;
 constexpr int heroPadding = 28;
 constexpr int heroChip = 64;
 constexpr int cardChip = 44;
+constexpr int featuresAcross = 32;
+constexpr int featuresDown = 24;
+/// Width of the page from which two features stand in a row.
+constexpr int besideFrom = 640;
 
 } // namespace
 
@@ -43,11 +47,11 @@ void DashboardHomeView::rebuild()
 void DashboardHomeView::addHero()
 {
     auto* hero = new Surface(Surface::Kind::dark, heroPadding);
-    auto* texts = Layouts::column(8,
+    auto* texts = Layouts::column(2,
         {new PlainLabel(DashboardHomeModel::heroTitle(), Type::display, Brand::onDarkTitle),
             new PlainLabel(DashboardHomeModel::heroText(), Type::body, Brand::onDarkText)});
     auto* row = Layouts::row(20, {new Chip(u"checkmark.seal.fill"_s, heroChip, Chip::Look::onDark)});
-    row->addLayout(texts, 1);
+    row->addWidget(Layouts::holding(texts), 1, Qt::AlignVCenter);
     hero->add(row);
     column()->addWidget(hero);
 }
@@ -68,6 +72,7 @@ void DashboardHomeView::addSignedInCard()
     row->addWidget(signOut, 0, Qt::AlignVCenter);
     card->add(row);
     column()->addWidget(card);
+    fit(card);
 }
 
 void DashboardHomeView::addQuickActions()
@@ -80,18 +85,35 @@ void DashboardHomeView::addQuickActions()
 void DashboardHomeView::addFeatures()
 {
     constexpr int perRow = 2;
-    auto* grid = new QGridLayout;
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(Spacing::card);
-    grid->setVerticalSpacing(24);
-    int place = 0;
+    auto* rows = Layouts::column(featuresDown);
+    featureRows_.clear();
     for (const DashboardHomeModel::Feature& feature : DashboardHomeModel::features()) {
-        auto* line = new FeatureLine(feature.systemImage, feature.title, feature.text);
-        grid->addWidget(line, place / perRow, place % perRow, Qt::AlignTop);
-        grid->setColumnStretch(place % perRow, 1);
-        ++place;
+        if (featureRows_.isEmpty() || featureRows_.constLast()->count() == perRow) {
+            featureRows_ += Layouts::row(featuresAcross);
+            rows->addLayout(featureRows_.constLast());
+        }
+        featureRows_.constLast()->addWidget(
+            new FeatureLine(feature.systemImage, feature.title, feature.text), 1);
     }
     auto* card = new Card;
-    card->add(grid);
+    card->add(rows);
     column()->addWidget(card);
+    fit(card);
+    arrangeFeatures();
+}
+
+/// Side by side, and one under the other where large text needs the width.
+void DashboardHomeView::arrangeFeatures()
+{
+    const bool beside = width() >= Type::scaled(besideFrom);
+    for (QBoxLayout* row : std::as_const(featureRows_)) {
+        row->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+        row->setSpacing(beside ? featuresAcross : featuresDown);
+    }
+}
+
+void DashboardHomeView::resizeEvent(QResizeEvent* event)
+{
+    Page::resizeEvent(event);
+    arrangeFeatures();
 }

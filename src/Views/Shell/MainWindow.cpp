@@ -118,7 +118,8 @@ QWidget* MainWindow::makeScreen()
             std::make_shared<LoginModel>(model_.context(), asking.title, asking.systemImage));
     }
     case MainWindowModel::Gate::restricted:
-        return new EmptyStateView(u"lock.fill"_s, u"Access Restricted"_s, model_.restrictionMessage());
+        return new EmptyStateView(
+            u"lock.fill"_s, u"Access Restricted"_s, model_.restrictionMessage(), EmptyStateView::Look::card);
     }
     Q_UNREACHABLE();
 }

@@ -1,39 +1,56 @@
 #include "Shell/MenuBarExtra.h"
 
+#include "PlainText.h"
 #include "Symbols.h"
+#include "Type.h"
 
 using namespace Qt::StringLiterals;
+
+/// Where this program draws its menu itself.
+static constexpr int menuWidth = 264;
 
 MenuBarExtra::MenuBarExtra(const ScreenContext& context, MenuBarDropdownModel model)
     : model_(std::move(model))
 {
-    rebuild();
     onUser_ = context.auth.user.addNotifier([this] { rebuild(); });
     onRole_ = context.auth.activeRole.addNotifier([this] { rebuild(); });
     item_.setToolTip(u"Quorvel"_s);
     item_.setIcon(Symbols::icon(u"checkmark.seal.fill"_s, Brand::navy));
+    menu_.setMinimumWidth(Type::scaled(menuWidth));
     item_.setContextMenu(&menu_);
+    rebuild();
     item_.show();
 }
 
-/// Menus read "&" as the mark of a mnemonic; names and titles mean the character.
-static QString literal(QString text)
+/// Menus read "&" as the mark of a mnemonic; names and titles mean the character. For a tray on the session
+/// bus, which reads "_" so, Qt translates the first "&" alone.
+static QString literal(const QString& text, bool isOnBus)
 {
-    return text.replace(u'&', u"&&"_s);
+    QString line = PlainText::singleLine(text);
+    if (!isOnBus)
+        return line.replace(u'&', u"&&"_s);
+    line.replace(u'_', u"__"_s);
+    const qsizetype first = line.indexOf(u'&');
+    return first < 0 ? line : line.insert(first, u'&');
 }
 
 void MenuBarExtra::rebuild()
 {
+    const bool isOnBus = menu_.platformMenu() != nullptr;
     menu_.clear();
+    bool isFirst = true;
     for (const MenuBarDropdownModel::Item& item : model_.items()) {
         if (item.isSeparator()) {
             menu_.addSeparator();
             continue;
         }
-        QAction* action = menu_.addAction(literal(item.title));
+        QAction* action = menu_.addAction(literal(item.title, isOnBus));
         action->setEnabled(!item.isText());
-        if (item.isText())
+        if (item.isText()) {
+            action->setFont(Type::font(isFirst ? Type::strong : Type::small));
+            isFirst = false;
             continue;
+        }
         action->setIcon(Symbols::icon(item.systemImage));
         // Queued, because what an item does may rebuild this very menu.
         connect(action, &QAction::triggered, this, item.action, Qt::QueuedConnection);

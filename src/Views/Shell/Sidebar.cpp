@@ -25,9 +25,9 @@ constexpr int betweenEntries = 2;
 } // namespace
 
 Sidebar::Sidebar(MainWindowModel& model, QWidget* parent)
-    : QWidget(parent), model_(model), column_(Layouts::column(0))
+    : ScrollPage(new QWidget, parent), model_(model), column_(Layouts::column(0))
 {
-    setLayout(column_);
+    widget()->setLayout(column_);
     column_->setContentsMargins(outerMargin, outerMargin, outerMargin, outerMargin);
     connect(&model_, &MainWindowModel::sidebarChanged, this, &Sidebar::update);
     rebuild();
@@ -39,8 +39,11 @@ void Sidebar::update()
 {
     if (shownFor_ != audience())
         rebuild();
-    for (const auto& [section, entry] : entries_)
+    for (const auto& [section, entry] : entries_) {
         entry->setChecked(section == model_.selectedSection());
+        if (entry->isChecked())
+            ensureWidgetVisible(entry);
+    }
     // A role that was chosen and not switched to after all.
     if (rolePicker_)
         rolePicker_->setValue(rawValue(model_.context().auth.role()));
@@ -90,7 +93,9 @@ void Sidebar::addHeader()
     auto* row = Layouts::row(12);
     row->setContentsMargins(textIndent, 0, 0, 0);
     row->addWidget(new Chip(header.systemImage, headerTile, Chip::Look::dark));
-    row->addLayout(Layouts::column(0, {name, caption}), 1);
+    auto* texts = Layouts::column(0, {name, caption});
+    row->addLayout(texts, 1);
+    row->setAlignment(texts, Qt::AlignVCenter);
     column_->addLayout(row);
     column_->addSpacing(outerMargin);
 }
@@ -114,7 +119,9 @@ void Sidebar::addRoleSwitcher()
 
     auto* card = new Card(outerMargin);
     card->add(new PlainLabel(u"Active Workspace"_s, Type::group));
-    card->add(new LabeledField(u"Role"_s, picker, LabeledField::Placement::beside), 8);
+    auto* field = new LabeledField(u"Role"_s, picker, LabeledField::Placement::beside);
+    field->layout()->setSpacing(8);
+    card->add(field, 8);
     column_->addWidget(card);
     column_->addSpacing(4);
 }
@@ -137,5 +144,5 @@ void Sidebar::addGroup(const MainWindowModel::Group& group)
 
 void Sidebar::paintEvent(QPaintEvent*)
 {
-    QPainter(this).fillRect(rect(), Palette::color(Brand::panel));
+    QPainter(viewport()).fillRect(viewport()->rect(), Palette::color(Brand::panel));
 }

@@ -1,14 +1,15 @@
 #pragma once
 
+#include "Components/ScrollPage.h"
 #include "Shell/MainWindowModel.h"
 
 #include <QPointer>
-#include <QWidget>
 
 class QVBoxLayout;
 
-/// Who is here, in which role, and where they can go.
-class Sidebar : public QWidget
+/// Who is here, in which role, and where they can go. It scrolls where large text needs more room than there
+/// is.
+class Sidebar : public ScrollPage
 {
     Q_OBJECT
 

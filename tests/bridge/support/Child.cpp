@@ -26,6 +26,8 @@ Child::Child(const std::filesystem::path& data, const std::vector<std::string>& 
         ::dup2(ends[1], STDERR_FILENO);
         ::close(ends[0]);
         ::close(ends[1]);
+        // What this process ignores would stay ignored; the program has to see to it by itself.
+        std::signal(SIGPIPE, SIG_DFL);
         ::execv(pointers.front(), pointers.data());
         ::_exit(127);
     }

@@ -1,8 +1,9 @@
 """Closing the window, and the ways back to it and out."""
 
 import hands
-from chapters.booking import FILE_NAMES
-from chapters.signing_in import expect_remembered
+from bridge import DEMO_PASSWORD
+from chapters.booking import FILE_NAMES, FORM
+from chapters.signing_in import NEW_PASSWORD, WRONG_PASSWORD, expect_remembered
 from expectations import expect, expect_equal
 from stage import DEMO_ADMIN
 
@@ -38,3 +39,12 @@ def expect_tidy_home(stage):
     """The client keeps its preferences and nothing else, the file chooser's memory included."""
     kept = {file for file in stage.client.files_at_home() if not file.startswith(".cache/")}
     expect_equal(kept, TIDY_HOME, "the files in the home folder")
+
+
+def expect_discreet(stage):
+    """Terminals and journals are read by others: no password, token or text of somebody's gets there."""
+    printed = stage.client.printed()
+    secrets = stage.secrets | {DEMO_PASSWORD, WRONG_PASSWORD, NEW_PASSWORD.strip(), FORM.details, FORM.notes}
+    told = [secret for secret in secrets if secret.encode() in printed]
+    expect(not told, f"The client printed {told}.")
+    expect(len(stage.secrets) >= 2, "No token was seen, so none could be missed.")

@@ -1,5 +1,7 @@
 """From the first start to the end of a sign-in."""
 
+import re
+
 from bridge import DEMO_PASSWORD
 from expectations import expect, expect_equal
 from stage import DEMO_CLIENT
@@ -7,7 +9,7 @@ from waiting import wait_for
 
 WRONG_PASSWORD = "not-the-password"
 NEW_PASSWORD = " Pässword "
-NEW_ACCOUNT = {"Full Name": "Zoë Älder ", "Phone": "(555) 010-0190", "City": " Springfield", "State": "",
+NEW_ACCOUNT = {"Full Name": "Zoë_A & B & Älder ", "Phone": "(555) 010-0190", "City": " Springfield", "State": "",
                "Email": "zoe.alder@example.org"}
 SIGNED_OUT_SIDEBAR = ["Dashboard", "Book Remote Notary", "Sessions", "Settings"]
 
@@ -70,10 +72,12 @@ def new_account(stage):
     stage.screen.wait_reads("No Sessions Found")
     account = stage.bridge.user(NEW_ACCOUNT["Email"].strip())
     expect_equal({key: account[key] for key in ("full_name", "phone", "city", "state", "role")},
-                 {"full_name": "Zoë Älder", "phone": "(555) 010-0190", "city": "Springfield", "state": "",
+                 {"full_name": "Zoë_A & B & Älder", "phone": "(555) 010-0190", "city": "Springfield", "state": "",
                   "role": "client"}, "the new account")
     expect(NEW_PASSWORD not in account["password_hash"], "The bridge keeps the password itself.")
     expect_remembered(stage, account["email"])
+    stage.tray.wait_for_item()
+    expect_equal(stage.tray.titles()[:2], ["Zoë_A & B & Älder", "Client"], "the heading of the tray's menu")
 
 
 def sidebar(stage):
@@ -87,7 +91,15 @@ def expect_remembered(stage, email):
              "the preferences to name who is signed in")
     expect("QuorvelMac.authUser" in stage.client.preferences(), "The signed-in person is not remembered.")
     expect_equal(stage.client.preferences_mode(), 0o600, "the mode of the preferences")
+    expect_equal(stage.client.largest_core(), "0", "the size of a core file, which would hold the tokens")
     expect_no_password(stage)
+    stage.secrets.update(tokens_in(stage.client.preferences()))
+
+
+def tokens_in(preferences):
+    tokens = re.findall(r'Token\\?":\\?"([^"\\]+)', preferences)
+    expect_equal(len(tokens), 2, "the number of tokens in the preferences")
+    return tokens
 
 
 def expect_nobody_remembered(stage):

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "Components/Button.h"
+#include "Components/PlainLabel.h"
+#include "Components/SidebarEntry.h"
+
+#include <gtest/gtest.h>
+
+#include <QScrollArea>
+#include <QScrollBar>
+
+/// Checks of what is on screen that no picture has to be looked at for.
+namespace Clipping {
+
+template <typename W, typename Check>
+void checkAll(const QWidget& in, Check check)
+{
+    for (W* widget : in.findChildren<W*>()) {
+        if (widget->isVisible())
+            check(widget);
+    }
+}
+
+inline std::string nameOf(const QWidget* widget)
+{
+    const auto* label = qobject_cast<const PlainLabel*>(widget);
+    const QString name = label ? label->text() : widget->accessibleName();
+    return widget->metaObject()->className() + (" \"" + name.toStdString() + '"');
+}
+
+/// Every text has the room that it needs, or elides because it is meant to.
+inline void expectRoomForTexts(const QWidget& in)
+{
+    checkAll<PlainLabel>(in, [](const PlainLabel* label) {
+        EXPECT_GE(label->height(), label->heightForWidth(label->width())) << nameOf(label);
+    });
+    checkAll<Button>(in, [](const Button* button) {
+        EXPECT_GE(button->width(), button->sizeHint().width()) << nameOf(button);
+        EXPECT_GE(button->height(), button->sizeHint().height()) << nameOf(button);
+    });
+    checkAll<SidebarEntry>(in, [](const SidebarEntry* entry) {
+        EXPECT_GE(entry->height(), entry->sizeHint().height()) << nameOf(entry);
+    });
+}
+
+/// Nothing sticks out of what it lies in; what scrolls does so up and down only.
+inline void expectInsideParents(const QWidget& in)
+{
+    checkAll<QWidget>(in, [](const QWidget* widget) {
+        const QWidget* parent = widget->parentWidget();
+        if (widget->isWindow() || qobject_cast<const QAbstractScrollArea*>(parent->parentWidget()))
+            return;
+        EXPECT_TRUE(parent->rect().contains(widget->geometry())) << nameOf(widget);
+    });
+    checkAll<QScrollArea>(in, [](const QScrollArea* area) {
+        EXPECT_LE(area->widget()->width(), area->viewport()->width()) << nameOf(area);
+        EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << nameOf(area);
+    });
+}
+
+/// No text lies over another one.
+inline void expectTextsApart(const QWidget& in)
+{
+    QList<std::pair<const QWidget*, QRect>> places;
+    const auto note = [&](const QWidget* widget) {
+        places.emplace_back(widget, QRect(widget->mapTo(&in, QPoint()), widget->size()));
+    };
+    checkAll<PlainLabel>(in, note);
+    checkAll<Button>(in, note);
+    for (qsizetype i = 0; i < places.size(); ++i) {
+        for (qsizetype j = 0; j < i; ++j) {
+            const QWidget* a = places[i].first;
+            const QWidget* b = places[j].first;
+            if (a->isAncestorOf(b) || b->isAncestorOf(a))
+                continue;
+            EXPECT_FALSE(places[i].second.intersects(places[j].second)) << nameOf(a) << " and " << nameOf(b);
+        }
+    }
+}
+
+inline void expectNothingClipped(const QWidget& in)
+{
+    expectRoomForTexts(in);
+    expectInsideParents(in);
+}
+
+} // namespace Clipping
