@@ -47,6 +47,11 @@ class Stage:
     def wait_until_loaded(self):
         wait_for(lambda: not self.screen.reads("Loading"), "the screen to load")
 
+    def rows(self, title):
+        """The rows of the list with this title, in their order."""
+        listed = self.screen.find("list", title)
+        return list(self.screen.find_all("list item", within=listed)) if listed else []
+
     def sign_in(self, email, password):
         """On the sign-in screen that is shown."""
         self.person.fill("Email", email)

@@ -7,6 +7,7 @@ from zoneinfo import ZoneInfo
 
 import hands
 from bridge import StoredUpload, sha256
+from chooser import choose_files
 from expectations import NEW_YORK, BookingForm, Signer, booking_request, expect, expect_equal, fee
 from stage import DEMO_CLIENT
 from waiting import wait_for
@@ -33,6 +34,8 @@ FORM = BookingForm(
     ],
 )
 
+# What opens the chooser, which is titled alike, and what takes the files.
+CHOOSER = ("Choose Files", "Open")
 LABEL = "Document label, e.g. Passport, Power of Attorney, Closing Package"
 FILE_NAMES = ["Zoë's \"power-of_attorney\" 😀.pdf", "big_scan.tiff"]
 BIG_FILE_BYTES = 50 * 1000 * 1000
@@ -96,9 +99,9 @@ def make_files(home: Path):
 
 def attach(stage, files):
     """Through the file chooser: both at once, then one of them a second time, which changes nothing."""
-    _choose(stage, files)
+    choose_files(stage, *CHOOSER, files)
     stage.screen.wait_reads("Attached to Booking")
-    _choose(stage, files[:1])
+    choose_files(stage, *CHOOSER, files[:1])
     labels = wait_for(lambda: _labels(stage), "the attached files")
     expect_equal([label.text for label in labels], ["Zoë's \"power of attorney\" 😀", "big scan"],
                  "the labels of the attached files")
@@ -241,20 +244,3 @@ def _step_up(stage):
     plus = stepper.rect
     hands.click(plus.x + plus.width * 3 // 4, plus.centre[1])
     wait_for(lambda: stepper.value == before + 1, "the number of signatures to grow")
-
-
-def _choose(stage, files):
-    """Picks files from the home folder, where the chooser begins. A name with quotes cannot be typed there."""
-    stage.person.press_button("Choose Files")
-    chooser = stage.screen.wait("dialog", "Choose Files")
-    wait_for(lambda: _is_listed(stage, chooser), "the chooser to list and sort the folder")
-    for number, file in enumerate(files):
-        row = stage.person.click("table cell", file.name, chooser, holding="ctrl" if number else None)
-        wait_for(lambda: "selected" in row.states, f"{file.name} to be selected")  # noqa: B023
-    stage.person.press_button("Open", chooser)
-    stage.screen.wait_gone("dialog", "Choose Files")
-
-
-def _is_listed(stage, chooser):
-    cells = stage.screen.find_all("table cell", within=chooser)
-    return [cell.name for cell in cells if cell.name in FILE_NAMES] == sorted(FILE_NAMES, key=str.casefold)

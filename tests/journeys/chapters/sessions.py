@@ -28,7 +28,7 @@ def find_booked(stage, form):
 
 
 def rows(stage):
-    return [node for node in stage.screen.find_all("list item") if node.parent.role == "list"]
+    return stage.rows("Sessions")
 
 
 def _search(stage, booked, title, owned):
