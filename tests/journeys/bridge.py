@@ -84,6 +84,10 @@ class Bridge:
         """The row of an account, or None."""
         return next(iter(self._rows("select * from users where email = ?", email)), None)
 
+    def messages(self, session_id):
+        """In the order in which they arrived."""
+        return self._rows("select * from messages where session_id = ? order by id", session_id)
+
     def uploads(self, session_id):
         """In the order in which they arrived. The hash is of the bytes on disk, not the one that was noted."""
         rows = self._rows("select * from uploads where session_id = ? order by id", session_id)

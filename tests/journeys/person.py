@@ -85,11 +85,15 @@ class Person:
 
     def read_alert(self, title, message, picture=None):
         """Expects the one modal alert, lets `picture` be taken, and dismisses it."""
+        self.answer(title, message, "OK", picture)
+
+    def answer(self, title, message, button, picture=None):
+        """The same for a question, which is answered by the button."""
         alert = wait_for(lambda: self._alert(title), f'the alert "{title}"')
         self.screen.wait_reads(message, within=alert)
         if picture:
             picture()
-        self.press_button("OK", within=alert)
+        self.press_button(button, within=alert)
         wait_for(lambda: not self._alert(title), f'the alert "{title}" to close')
 
     def _alert(self, title):

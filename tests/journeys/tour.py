@@ -9,7 +9,7 @@ import time
 from pathlib import Path
 
 from bridge import Bridge, NoWayToBridge
-from chapters import booking, leaving, looks, signing_in, staff
+from chapters import booking, conversation, leaving, looks, signing_in, staff
 from chapters import sessions as session_list
 from client import Client, Conditions
 from display import Desktop
@@ -39,6 +39,7 @@ class Journey:
 
     def _chapters(self):
         files = booking.make_files(self._desktop.home)
+        more_files = conversation.make_files(self._desktop.home)
         return [
             ("the first start", signing_in.first_start),
             ("the sign-in gate", signing_in.gate),
@@ -53,6 +54,9 @@ class Journey:
             ("the booking is submitted", lambda stage: booking.submit(stage, files)),
             ("the new session in the list", booking.see_sessions),
             ("search and filter", lambda stage: session_list.find_booked(stage, booking.FORM)),
+            ("a message is kept back", conversation.keep_unsent),
+            ("a message is sent", conversation.send_message),
+            ("documents for the session", lambda stage: conversation.upload(stage, more_files)),
             ("settings, light", lambda stage: looks.choose_scheme(stage, "Light")),
             ("a client's screens, light", looks.client_screens),
             ("settings, dark", lambda stage: looks.choose_scheme(stage, "Dark")),

@@ -2,13 +2,13 @@
 
 import hands
 from bridge import DEMO_PASSWORD
-from chapters.booking import FILE_NAMES, FORM
+from chapters import booking, conversation
 from chapters.signing_in import NEW_PASSWORD, WRONG_PASSWORD, expect_remembered
 from expectations import expect, expect_equal
 from stage import DEMO_ADMIN
 
 # Besides caches, which the libraries that draw fill.
-TIDY_HOME = {".config/Quorvel/Quorvel.conf", *FILE_NAMES}
+TIDY_HOME = {".config/Quorvel/Quorvel.conf", *booking.FILE_NAMES, *conversation.FILE_NAMES}
 
 
 def close_and_come_back(stage):
@@ -44,7 +44,8 @@ def expect_tidy_home(stage):
 def expect_discreet(stage):
     """Terminals and journals are read by others: no password, token or text of somebody's gets there."""
     printed = stage.client.printed()
-    secrets = stage.secrets | {DEMO_PASSWORD, WRONG_PASSWORD, NEW_PASSWORD.strip(), FORM.details, FORM.notes}
+    secrets = stage.secrets | {DEMO_PASSWORD, WRONG_PASSWORD, NEW_PASSWORD.strip(), booking.FORM.details,
+                               booking.FORM.notes, *conversation.MESSAGE}
     told = [secret for secret in secrets if secret.encode() in printed]
     expect(not told, f"The client printed {told}.")
     expect(len(stage.secrets) >= 2, "No token was seen, so none could be missed.")

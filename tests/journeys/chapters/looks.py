@@ -3,7 +3,7 @@
 from pathlib import Path
 
 import hands
-from chapters import sessions
+from chapters import conversation, sessions
 from client import Conditions
 from expectations import expect
 from waiting import wait_for
@@ -37,8 +37,7 @@ def client_screens(stage):
     stage.picture("dashboard")
     stage.open("Book Remote Notary")
     stage.picture("booking")
-    stage.open("Sessions")
-    stage.picture("sessions-client")
+    conversation.look(stage)
     stage.person.fill(sessions.SEARCH, "no such session")
     stage.screen.wait_reads("No Sessions Found")
     stage.picture("sessions-empty")

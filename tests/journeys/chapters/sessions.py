@@ -22,7 +22,6 @@ def find_booked(stage, form):
         expect(text.lower() in row.name.lower(), f'The row "{row.name}" does not say "{text}".')
     stage.person.click_on(row)
     stage.screen.wait_reads(booked["reference_id"])
-    stage.picture("sessions-client")
     _search(stage, booked, title, owned)
     _filter(stage, booked, title, owned)
 
