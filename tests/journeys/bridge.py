@@ -42,6 +42,10 @@ class Bridge:
         self._database = f"file:{data / 'bridge.sqlite'}?mode=ro"
 
     @property
+    def address(self):
+        return f"https://{HOST}:{self._port}"
+
+    @property
     def authority(self):
         """The certificate that makes the bridge trusted."""
         return self.data / "tls" / "ca.pem"
@@ -66,23 +70,55 @@ class Bridge:
         self._process.wait()
 
     def session_count(self):
-        return self._rows("select count(*) as n from sessions")[0]["n"]
+        return len(self.sessions())
+
+    def sessions(self):
+        """All rows, the newest first, as every list of the interface has them."""
+        return self._rows("select * from sessions order by id desc")
+
+    def session(self, session_id):
+        """Its row, or None."""
+        return next((row for row in self.sessions() if row["id"] == session_id), None)
 
     def newest_session(self):
         """Its row, with the request that booked it as `request`."""
-        row = self._rows("select * from sessions order by id desc limit 1")[0]
+        row = self.sessions()[0]
         return row | {"request": json.loads(row["request_json"])}
 
     def visible_sessions(self, email):
         """The rows of the sessions of one client."""
-        return self._rows("select s.* from sessions s join users u on u.id = s.owner_id where u.email = ?", email)
+        return [row for row in self.sessions() if row["owner_id"] == self.user(email)["id"]]
 
-    def sessions(self):
-        return self._rows("select * from sessions")
+    def business_sessions(self, email):
+        return [row for row in self.sessions() if row["business_id"] == self.user(email)["business_id"]]
+
+    def business_clients(self, email):
+        return self._rows("select * from business_clients where business_id = ? order by id desc",
+                          self.user(email)["business_id"])
+
+    def assigned_sessions(self, email):
+        return [row for row in self.sessions() if row["notary_id"] == self.notary(email)["id"]]
+
+    def open_calls(self):
+        return [row for row in self.sessions()
+                if row["notary_id"] is None and row["status"] in ("requested", "pending")]
+
+    def walk_ins(self):
+        return self._rows("select * from walkin_records order by id desc")
+
+    def users(self):
+        return self._rows("select * from users order by id")
 
     def user(self, email):
         """The row of an account, or None."""
-        return next(iter(self._rows("select * from users where email = ?", email)), None)
+        return next((row for row in self.users() if row["email"] == email), None)
+
+    def notaries(self):
+        return self._rows("select * from notaries order by name, id")
+
+    def notary(self, email):
+        """The row of a profile, or None."""
+        return next((row for row in self.notaries() if row["email"] == email), None)
 
     def messages(self, session_id):
         """In the order in which they arrived."""

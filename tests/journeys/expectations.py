@@ -1,5 +1,6 @@
 """What must be stored and shown, worked out from what was typed and from the bridge's own rows."""
 
+import json
 from dataclasses import dataclass, field
 from datetime import date, datetime
 from zoneinfo import ZoneInfo
@@ -81,15 +82,32 @@ def fee(form):
     return f"${25 + 8 * (count - 1):.2f}" if form.retrieval_option == "priority" else f"${15 * count:.2f}"
 
 
+def signer_names(session):
+    """Of the bridge's row, as the client joins them."""
+    return ", ".join(signer[0] for signer in json.loads(session["signers"]))
+
+
 def display_date_time(session):
-    """When a session takes place, as the client words it for the bridge's row."""
+    """When a session takes place, or else when it was booked, as the client words it for the bridge's row."""
     parts = [session["scheduled_date"] or session["preferred_date"],
              session["scheduled_time"] or session["preferred_time"]]
-    return " ".join(part for part in parts if part)
+    return " ".join(part for part in parts if part) or new_york_time(session["created_at"])
+
+
+def new_york_time(milliseconds):
+    there = datetime.fromtimestamp(milliseconds / 1000, NEW_YORK)
+    return there.strftime("%Y-%m-%d %-I:%M %p")
+
+
+def session_row(session, document=True, status=True):
+    """What a row of a list says to a screen reader."""
+    parts = [signer_names(session), display_date_time(session)]
+    parts += [session["document_type"]] if document else []
+    parts += [session["status"]] if status else []
+    return ", ".join(parts)
 
 
 def latest_first(sessions):
-    """Only of sessions that have a date: the others sort by when they were made."""
     return sorted(sessions, key=display_date_time, reverse=True)
 
 

@@ -1,9 +1,12 @@
 """What every chapter of the journey works with."""
 
 import hands
+from bridge import DEMO_PASSWORD
 from waiting import wait_for
 
 DEMO_CLIENT = "priya.raman@example.com"
+DEMO_BUSINESS = "helen.brandt@example.com"
+DEMO_NOTARY = "samuel.adeyemi@example.com"
 DEMO_ADMIN = "maya.whitfield@example.com"
 DEFAULT_SIZE = (1180, 760)
 
@@ -51,6 +54,12 @@ class Stage:
         """The rows of the list with this title, in their order."""
         listed = self.screen.find("list", title)
         return list(self.screen.find_all("list item", within=listed)) if listed else []
+
+    def enter(self, email):
+        """Signs in where the sessions ask for it."""
+        self.open("Sessions")
+        self.sign_in(email, DEMO_PASSWORD)
+        self.screen.wait_gone("password text", "Password")
 
     def sign_in(self, email, password):
         """On the sign-in screen that is shown."""

@@ -9,12 +9,12 @@ import time
 from pathlib import Path
 
 from bridge import Bridge, NoWayToBridge
-from chapters import booking, conversation, leaving, looks, signing_in, staff
+from chapters import booking, business, conversation, leaving, looks, notary, signing_in, staff
 from chapters import sessions as session_list
 from client import Client, Conditions
 from display import Desktop
 from pictures import Album
-from stage import Stage
+from stage import DEMO_BUSINESS, DEMO_NOTARY, Stage
 from tray import Tray
 
 
@@ -63,6 +63,22 @@ class Journey:
             ("a client's screens, dark", looks.client_screens),
             ("signing out", staff.sign_out),
             ("the sign-in gate, dark", looks.sign_in_screens),
+            ("a notary signs in", lambda stage: stage.enter(DEMO_NOTARY)),
+            ("the notary's dashboard", notary.see_dashboard),
+            ("a call that another notary took", notary.lose_call),
+            ("a call is accepted", notary.accept_call),
+            ("a session is confirmed", notary.confirm),
+            ("the notary's screens, dark", notary.look),
+            ("light for the notary", lambda stage: looks.choose_scheme(stage, "Light")),
+            ("the notary's screens, light", notary.look),
+            ("the notary signs out", staff.sign_out),
+            ("a business signs in", lambda stage: stage.enter(DEMO_BUSINESS)),
+            ("the business's dashboard", business.see_dashboard),
+            ("the ways on from there", business.go_on),
+            ("the business's screens, light", business.look),
+            ("dark for the business", lambda stage: looks.choose_scheme(stage, "Dark")),
+            ("the business's screens, dark", business.look),
+            ("the business signs out", staff.sign_out),
             ("an admin signs in", staff.admin_signs_in),
             ("another workspace", staff.switch_role),
             ("the staff's screens, dark", staff.workspaces),
