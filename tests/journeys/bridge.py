@@ -12,7 +12,6 @@ from pathlib import Path
 from urllib.parse import urlsplit
 
 HOST = "127.0.0.1"
-DEMO_PASSWORD = "quorvel-demo"
 
 
 class NoWayToBridge(Exception):
@@ -69,6 +68,11 @@ class Bridge:
         self._process.kill()
         self._process.wait()
 
+    def lost_files(self):
+        """Stored files that no document names."""
+        named = {row["path"] for row in self._rows("select path from uploads")}
+        return [file.name for file in (self.data / "uploads").iterdir() if file.name not in named]
+
     def session_count(self):
         return len(self.sessions())
 
@@ -102,6 +106,10 @@ class Bridge:
     def open_calls(self):
         return [row for row in self.sessions()
                 if row["notary_id"] is None and row["status"] in ("requested", "pending")]
+
+    def history(self, session_id):
+        """What became of a session, by whom, in this order."""
+        return self._rows("select * from status_history where session_id = ? order by id", session_id)
 
     def walk_ins(self):
         return self._rows("select * from walkin_records order by id desc")

@@ -4,7 +4,7 @@ import json
 import ssl
 from urllib.request import Request, urlopen
 
-from bridge import DEMO_PASSWORD
+from passwords import DEMO_PASSWORD
 
 BASE = "/mobile-bridge/v1"
 

@@ -1,7 +1,7 @@
 """What every chapter of the journey works with."""
 
 import hands
-from bridge import DEMO_PASSWORD
+from passwords import DEMO_PASSWORD
 from waiting import wait_for
 
 DEMO_CLIENT = "priya.raman@example.com"

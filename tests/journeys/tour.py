@@ -9,7 +9,7 @@ import time
 from pathlib import Path
 
 from bridge import Bridge, NoWayToBridge
-from chapters import booking, business, conversation, leaving, looks, notary, signing_in, staff
+from chapters import booking, business, conversation, leaving, looks, notary, office, people, records, signing_in, staff
 from chapters import sessions as session_list
 from client import Client, Conditions
 from display import Desktop
@@ -81,6 +81,17 @@ class Journey:
             ("the business signs out", staff.sign_out),
             ("an admin signs in", staff.admin_signs_in),
             ("another workspace", staff.switch_role),
+            ("the office's dashboard", office.see_dashboard),
+            ("a session is assigned", office.assign),
+            ("a session is deleted", office.delete),
+            ("a record is edited", records.edit),
+            ("a record is deleted", records.delete),
+            ("accounts are searched", people.search_users),
+            ("an account is edited", people.edit_user),
+            ("unsaved edits", people.leave_unfinished),
+            ("an account is deleted", people.delete_user),
+            ("a notary is edited", people.edit_notary),
+            ("a notary is deleted", people.delete_notary),
             ("the staff's screens, dark", staff.workspaces),
             ("window sizes, dark", looks.sizes),
             ("a restart", self._restart),

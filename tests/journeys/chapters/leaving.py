@@ -1,10 +1,10 @@
 """Closing the window, and the ways back to it and out."""
 
 import hands
-from bridge import DEMO_PASSWORD
 from chapters import booking, conversation
-from chapters.signing_in import NEW_PASSWORD, WRONG_PASSWORD, expect_remembered
+from chapters.signing_in import expect_remembered
 from expectations import expect, expect_equal
+from passwords import ALL_PASSWORDS
 from stage import DEMO_ADMIN
 
 # Besides caches, which the libraries that draw fill.
@@ -44,8 +44,8 @@ def expect_tidy_home(stage):
 def expect_discreet(stage):
     """Terminals and journals are read by others: no password, token or text of somebody's gets there."""
     printed = stage.client.printed()
-    secrets = stage.secrets | {DEMO_PASSWORD, WRONG_PASSWORD, NEW_PASSWORD.strip(), booking.FORM.details,
-                               booking.FORM.notes, *conversation.MESSAGE}
+    written = {booking.FORM.details, booking.FORM.notes, *conversation.MESSAGE}
+    secrets = stage.secrets | written | set(ALL_PASSWORDS)
     told = [secret for secret in secrets if secret.encode() in printed]
     expect(not told, f"The client printed {told}.")
     expect(len(stage.secrets) >= 2, "No token was seen, so none could be missed.")

@@ -70,6 +70,9 @@ def confirm(stage):
         "proposed_fee": "1,249.50", "status_note": CONFIRMED["Status Note"], "requires_witness": 1,
         "witness_name": CONFIRMED["Witness Name / Notes"], "updated_at": stored["updated_at"]}, "the session")
     expect(stored["updated_at"] > session["updated_at"], "The change left no trace in the time of the last one.")
+    newest = stage.bridge.history(session["id"])[-1]
+    expect_equal((newest["status"], newest["note"], newest["user_id"]),
+                 ("rescheduled", CONFIRMED["Status Note"], stage.bridge.user(DEMO_NOTARY)["id"]), "the history's end")
     wait_for(lambda: stage.rows("Sessions")[0].name == session_row(stored), "the session to lead the list")
 
 

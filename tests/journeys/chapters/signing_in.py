@@ -2,13 +2,11 @@
 
 import re
 
-from bridge import DEMO_PASSWORD
 from expectations import expect, expect_equal
+from passwords import ALL_PASSWORDS, DEMO_PASSWORD, NEW_PASSWORD, WRONG_PASSWORD
 from stage import DEMO_CLIENT
 from waiting import wait_for
 
-WRONG_PASSWORD = "not-the-password"
-NEW_PASSWORD = " Pässword "
 NEW_ACCOUNT = {"Full Name": "Zoë_A & B & Älder ", "Phone": "(555) 010-0190", "City": " Springfield", "State": "",
                "Email": "zoe.alder@example.org"}
 SIGNED_OUT_SIDEBAR = ["Dashboard", "Book Remote Notary", "Sessions", "Settings"]
@@ -113,5 +111,5 @@ def expect_nobody_remembered(stage):
 def expect_no_password(stage):
     for file in stage.client.files_at_home():
         kept = stage.client.file_at_home(file)
-        for password in (DEMO_PASSWORD, WRONG_PASSWORD, NEW_PASSWORD):
+        for password in ALL_PASSWORDS:
             expect(password.encode() not in kept, f"The password is in {file}.")

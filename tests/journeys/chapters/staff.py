@@ -1,13 +1,15 @@
 """Somebody with several roles: the choice of workspace and the sections that come with the roles."""
 
-from bridge import DEMO_PASSWORD
-from chapters import sessions
+from chapters import people, records, sessions
 from chapters.signing_in import expect_nobody_remembered, expect_remembered, sidebar
 from expectations import expect, expect_equal
+from passwords import DEMO_PASSWORD
 from stage import DEMO_ADMIN
 from waiting import wait_for
 
 WORKSPACES = ["Notary Dashboard", "Admin Dashboard", "Records", "Users", "Notaries"]
+PICTURES = {"Dashboard": "dashboard-staff", "Sessions": "sessions-admin"}
+PANES = {"Records": records.PANE, **people.PANE}
 
 
 def sign_out(stage):
@@ -45,10 +47,14 @@ def switch_role(stage):
 
 
 def workspaces(stage):
-    """Every section of the roles opens without an alert."""
-    for section in ["Dashboard", *WORKSPACES]:
+    """Every section of the roles opens without an alert, and so does the first entry of each list."""
+    for section in ["Dashboard", "Sessions", *WORKSPACES]:
         stage.open(section)
         expect(not stage.screen.find("password text", "Password"), f"{section} asks for a sign-in.")
         expect(not stage.screen.find("alert", None), f"{section} opens with an alert.")
-        name = "dashboard-staff" if section == "Dashboard" else section.lower().replace(" ", "-")
+        name = PICTURES.get(section, section.lower().replace(" ", "-"))
         stage.picture(name)
+        if section in PANES:
+            stage.person.click_on(wait_for(lambda: stage.rows(section), f"the list of {section}")[0])  # noqa: B023
+            stage.screen.wait("panel", PANES[section])
+            stage.picture(f"{name}-selected")
