@@ -10,6 +10,8 @@
 #include "Layouts.h"
 #include "Lists/WorkButtons.h"
 
+#include <QVBoxLayout>
+
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -4,6 +4,7 @@
 #include "Page.h"
 
 class Card;
+class QBoxLayout;
 
 /// The edit pane of one record of the administration: its fields on a card, row by row, with the buttons that
 /// delete and save below them. Where it is very narrow for its text the fields stand under one another.

@@ -7,6 +7,8 @@
 #include "Uploads/UploadDropArea.h"
 #include "Uploads/UploadProgress.h"
 
+#include <QVBoxLayout>
+
 using namespace Qt::StringLiterals;
 
 UploadSection::UploadSection(BookRemoteNotaryModel& model, QScrollArea& page)

@@ -15,6 +15,8 @@ public:
     virtual void markSent() = 0;
     /// The bridge has accepted what was sent. What was typed since is an edit again.
     virtual void markSaved() = 0;
+    /// Makes the field as empty and as unknown as it was at first.
+    virtual void forget() = 0;
 
 protected:
     AnyEditField() = default;
@@ -51,12 +53,21 @@ public:
             *this = value;
     }
 
+    /// The field and what is known about it belong to somebody who has left.
+    void forget() override
+    {
+        received_ = {};
+        saved_ = {};
+        sent_ = {};
+        *this = T();
+    }
+
     bool isEdited() const override { return this->value() != saved_; }
     void markSent() override { sent_ = this->value(); }
     void markSaved() override { saved_ = sent_; }
 
 private:
-    T received_ = {};
-    T saved_ = {};
-    T sent_ = {};
+    T received_{};
+    T saved_{};
+    T sent_{};
 };
