@@ -136,18 +136,19 @@ TEST_P(DashboardModelTest, NeverMixesTwoLoads)
     const qsizetype newer = load();
     // The answers of the two loads come by turns; the older load is whole first.
     for (qsizetype i = 0; i < perLoad(); ++i) {
-        answer(older + i, records(many[i]));
         EXPECT_EQ(values(), valuesFor(nothing));
+        answer(older + i, records(many[i]));
         if (i + 1 < perLoad())
             answer(newer + i, records(few[i]));
     }
+    EXPECT_EQ(values(), valuesFor(many)) << "each load stores what it brings";
     EXPECT_TRUE(model->isLoading.value());
     answer(newer + perLoad() - 1, records(few[perLoad() - 1]));
     EXPECT_EQ(values(), valuesFor(few));
     EXPECT_FALSE(model->isLoading.value());
 }
 
-TEST_P(DashboardModelTest, TheNewestLoadWins)
+TEST_P(DashboardModelTest, AnOlderLoadDoesNotReplaceANewerOne)
 {
     const qsizetype older = load();
     const qsizetype newer = load();
@@ -157,18 +158,41 @@ TEST_P(DashboardModelTest, TheNewestLoadWins)
     EXPECT_EQ(values(), valuesFor(few));
 }
 
-TEST_P(DashboardModelTest, AnEarlierFailureIsNobodysBusiness)
+TEST_P(DashboardModelTest, AFailureBesideANewerLoadIsToldAndHurtsNothing)
 {
     const qsizetype older = load();
     const qsizetype newer = load();
-    answer(older, "{}", 500);
-    EXPECT_TRUE(alertOf(*model).isEmpty());
+    answer(older, R"({"message": "Try later."})", 500);
+    EXPECT_EQ(alertOf(*model), (QList<QString>{model->texts().failureTitle, u"Try later."_s}));
     EXPECT_TRUE(model->isLoading.value());
     answerAll(newer, few);
     EXPECT_EQ(values(), valuesFor(few));
     for (qsizetype i = 1; i < perLoad(); ++i)
         answer(older + i, records(many[i]));
     EXPECT_EQ(values(), valuesFor(few));
+}
+
+TEST_P(DashboardModelTest, AFailureAfterANewerLoadIsNobodysBusiness)
+{
+    const qsizetype older = load();
+    answerAll(load(), few);
+    answer(older, "{}", 500);
+    EXPECT_TRUE(alertOf(*model).isEmpty());
+    EXPECT_EQ(values(), valuesFor(few));
+    for (qsizetype i = 1; i < perLoad(); ++i)
+        answer(older + i, records(many[i]));
+}
+
+TEST_P(DashboardModelTest, AnOlderLoadCountsWhereANewerOneFailed)
+{
+    const qsizetype older = load();
+    const qsizetype newer = load();
+    answer(newer, "{}", 500);
+    answerAll(older, many);
+    EXPECT_EQ(values(), valuesFor(many));
+    for (qsizetype i = 1; i < perLoad(); ++i)
+        answer(newer + i, records(few[i]));
+    EXPECT_EQ(values(), valuesFor(many));
 }
 
 TEST_P(DashboardModelTest, ASignOutWhileLoadingStoresNothing)

@@ -17,12 +17,14 @@ QCoro::Task<> DashboardModel::load()
     isLoading = true;
     try {
         const Store store = co_await fetch(user->idToken);
-        if (!turn.isOver()) {
+        if (!turn.isOvertaken()) {
+            loads_.finish(turn);
             store();
             emit loaded();
         }
     } catch (const AppError& error) {
-        fail(turn, texts().failureTitle, error);
+        if (!turn.isOvertaken())
+            fail(texts().failureTitle, error);
     }
     if (turn.isNewest())
         isLoading = false;

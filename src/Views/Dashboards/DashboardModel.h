@@ -7,8 +7,9 @@
 #include <functional>
 
 /// What the dashboards of the three roles share: the header, tiles with counts, shortcuts, and a load that
-/// makes all of its requests at once and stores their results only when every one has succeeded. The newest
-/// load wins; a failed one leaves the lists as they were.
+/// makes all of its requests at once and stores their results only when every one has succeeded. Loads may
+/// overlap: each stores its results when it is complete, unless a newer one has done so before. A failed one
+/// leaves the lists as they were.
 class DashboardModel : public ScreenModel
 {
     Q_OBJECT

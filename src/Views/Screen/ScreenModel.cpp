@@ -12,8 +12,12 @@ std::optional<AuthUser> ScreenModel::signedInUser()
 
 void ScreenModel::fail(const Turn& turn, const QString& title, const std::exception& error)
 {
-    if (turn.isOver())
-        return;
+    if (!turn.isOver())
+        fail(title, error);
+}
+
+void ScreenModel::fail(const QString& title, const std::exception& error)
+{
     if (isSessionExpired(error))
         auth().signOut();
     else

@@ -31,6 +31,8 @@ protected:
     /// Signs out when the error says that the session ended; else shows it under the operation's own title.
     /// A failure of a turn that is over is nobody's business any more.
     void fail(const Turn& turn, const QString& title, const std::exception& error);
+    /// The same for a failure that matters whatever else has begun meanwhile.
+    void fail(const QString& title, const std::exception& error);
     void showAlert(const QString& title, const QString& message);
 
     AuthManager& auth() { return context_.auth; }

@@ -13,6 +13,9 @@ public:
     bool isNewest() const;
     /// The result counts no longer.
     bool isOver() const;
+    /// The same where every run counts that brings something newer: not when the result of a newer run is
+    /// there already, and not when the user has left.
+    bool isOvertaken() const;
 
 private:
     friend class Turns;
@@ -31,11 +34,14 @@ public:
     explicit Turns(const SignInEpoch& epoch) : epoch_(epoch) { }
 
     Turn next() { return Turn(*this, ++newest_, epoch_.current()); }
+    /// The run's result is there.
+    void finish(const Turn& turn) { finished_ = turn.number_; }
 
 private:
     friend class Turn;
     const SignInEpoch& epoch_;
     quint64 newest_ = 0;
+    quint64 finished_ = 0;
 };
 
 inline bool Turn::isNewest() const
@@ -46,4 +52,9 @@ inline bool Turn::isNewest() const
 inline bool Turn::isOver() const
 {
     return !isNewest() || epoch_ != turns_->epoch_.current();
+}
+
+inline bool Turn::isOvertaken() const
+{
+    return number_ < turns_->finished_ || epoch_ != turns_->epoch_.current();
 }
