@@ -56,9 +56,9 @@ public:
     /// The field and what is known about it belong to somebody who has left.
     void forget() override
     {
-        received_ = {};
-        saved_ = {};
-        sent_ = {};
+        received_ = T();
+        saved_ = T();
+        sent_ = T();
         *this = T();
     }
 
