@@ -38,6 +38,9 @@ class Journey:
             chapter(self.stage)
 
     def _chapters(self):
+        return [*self._as_client(), *_as_notary(), *_as_business(), *self._in_the_office(), *self._at_the_end()]
+
+    def _as_client(self):
         files = booking.make_files(self._desktop.home)
         more_files = conversation.make_files(self._desktop.home)
         return [
@@ -57,28 +60,16 @@ class Journey:
             ("a message is kept back", conversation.keep_unsent),
             ("a message is sent", conversation.send_message),
             ("documents for the session", lambda stage: conversation.upload(stage, more_files)),
-            ("settings, light", lambda stage: looks.choose_scheme(stage, "Light")),
+            ("settings, light", looks.choose_light),
             ("a client's screens, light", looks.client_screens),
-            ("settings, dark", lambda stage: looks.choose_scheme(stage, "Dark")),
+            ("settings, dark", looks.choose_dark),
             ("a client's screens, dark", looks.client_screens),
             ("signing out", staff.sign_out),
-            ("the sign-in gate, dark", looks.sign_in_screens),
-            ("a notary signs in", lambda stage: stage.enter(DEMO_NOTARY)),
-            ("the notary's dashboard", notary.see_dashboard),
-            ("a call that another notary took", notary.lose_call),
-            ("a call is accepted", notary.accept_call),
-            ("a session is confirmed", notary.confirm),
-            ("the notary's screens, dark", notary.look),
-            ("light for the notary", lambda stage: looks.choose_scheme(stage, "Light")),
-            ("the notary's screens, light", notary.look),
-            ("the notary signs out", staff.sign_out),
-            ("a business signs in", lambda stage: stage.enter(DEMO_BUSINESS)),
-            ("the business's dashboard", business.see_dashboard),
-            ("the ways on from there", business.go_on),
-            ("the business's screens, light", business.look),
-            ("dark for the business", lambda stage: looks.choose_scheme(stage, "Dark")),
-            ("the business's screens, dark", business.look),
-            ("the business signs out", staff.sign_out),
+            ("nobody's screens, dark", looks.signed_out_screens),
+        ]
+
+    def _in_the_office(self):
+        return [
             ("an admin signs in", staff.admin_signs_in),
             ("another workspace", staff.switch_role),
             ("the office's dashboard", office.see_dashboard),
@@ -95,9 +86,13 @@ class Journey:
             ("the staff's screens, dark", staff.workspaces),
             ("window sizes, dark", looks.sizes),
             ("a restart", self._restart),
-            ("back to light", lambda stage: looks.choose_scheme(stage, "Light")),
+            ("back to light", looks.choose_light),
             ("the staff's screens, light", staff.workspaces),
             ("window sizes, light", looks.sizes),
+        ]
+
+    def _at_the_end(self):
+        return [
             ("closing the window", leaving.close_and_come_back),
             ("other desktops", self._visit_other_desktops),
             ("signing out again", staff.sign_out),
@@ -133,6 +128,30 @@ class Journey:
             tree = self._album.folder / "failure.txt"
             tree.write_text(self.stage.screen.dump(), encoding="utf-8")
             print(f"What a screen reader would have read: {tree}", file=sys.stderr)
+
+
+def _as_notary():
+    return [
+        ("a notary signs in", lambda stage: stage.enter(DEMO_NOTARY)),
+        ("the notary's dashboard", notary.see_dashboard),
+        ("a call that another notary took", notary.lose_call),
+        ("a call is accepted", notary.accept_call),
+        ("a session is confirmed", notary.confirm),
+        ("light for the notary", looks.choose_light),
+        ("the notary's screens, light", notary.look),
+        ("the notary signs out", staff.sign_out),
+    ]
+
+
+def _as_business():
+    return [
+        ("a business signs in", lambda stage: stage.enter(DEMO_BUSINESS)),
+        ("the business's dashboard", business.see_dashboard),
+        ("the ways on from there", business.go_on),
+        ("dark for the business", looks.choose_dark),
+        ("the business's screens, dark", business.look),
+        ("the business signs out", staff.sign_out),
+    ]
 
 
 def main():

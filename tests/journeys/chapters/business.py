@@ -29,6 +29,7 @@ def go_on(stage):
     wait_for(lambda: stage.rows("Sessions"), "the sessions of the business")
     expect_equal([row.name for row in stage.rows("Sessions")], [session_row(session) for session in sessions],
                  "the sessions of the business")
+    stage.picture("sessions-business")
 
 
 def look(stage):

@@ -22,7 +22,15 @@ OTHER_DESKTOPS = {
 SHORTCUTS = {"Book Remote Notary": "ctrl+shift+b", "Sessions": "ctrl+shift+s", "Settings": "ctrl+comma"}
 
 
-def choose_scheme(stage, title):
+def choose_light(stage):
+    _choose_scheme(stage, "Light")
+
+
+def choose_dark(stage):
+    _choose_scheme(stage, "Dark")
+
+
+def _choose_scheme(stage, title):
     """In the settings, where it takes effect at once and is remembered."""
     stage.open("Settings")
     stage.person.pick_radio(title)
@@ -43,8 +51,8 @@ def client_screens(stage):
     stage.picture("sessions-empty")
 
 
-def sign_in_screens(stage):
-    """With nobody signed in."""
+def signed_out_screens(stage):
+    """What everybody sees."""
     stage.open("Book Remote Notary")
     stage.screen.wait("password text", "Password")
     stage.picture("signin")
@@ -52,6 +60,8 @@ def sign_in_screens(stage):
     stage.picture("signin-create")
     stage.open("Dashboard")
     stage.picture("dashboard-signed-out")
+    stage.open("Settings")
+    stage.picture("settings-signed-out")
 
 
 def sizes(stage):

@@ -74,6 +74,7 @@ def confirm(stage):
     expect_equal((newest["status"], newest["note"], newest["user_id"]),
                  ("rescheduled", CONFIRMED["Status Note"], stage.bridge.user(DEMO_NOTARY)["id"]), "the history's end")
     wait_for(lambda: stage.rows("Sessions")[0].name == session_row(stored), "the session to lead the list")
+    stage.picture("sessions-notary")
 
 
 def look(stage):

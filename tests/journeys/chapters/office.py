@@ -77,8 +77,13 @@ def _find(stage, session):
 
 
 def _wait_for_detail(stage, session):
-    wait_for(lambda: (summary := stage.screen.find("panel", "Session"))
-             and stage.screen.reads(session["reference_id"], within=summary), f"{session['reference_id']} in the detail")
+    reference = session["reference_id"]
+
+    def is_shown():
+        summary = stage.screen.find("panel", "Session")
+        return summary and stage.screen.reads(reference, within=summary)
+
+    wait_for(is_shown, f"{reference} in the detail")
 
 
 def _ask(stage, answer):

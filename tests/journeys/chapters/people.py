@@ -10,7 +10,8 @@ SEARCH = {USERS: "Search name, email, phone, role", NOTARIES: "Search notary nam
 PANE = {USERS: "User Details", NOTARIES: "Notary Details"}
 
 EDITED_USER = "tomas.alder@example.com"
-USER = {"Name": "Tomas “Tom” Alder", "Email": "tom.alder@example.org", "Phone": "(555) 010-0999", "Role": "law_firm"}
+USER = {"Name": "Tomas “Tom” Alder", "Email": "tom.alder@example.org", "Phone": "(555) 010-0999",
+        "Role": "law_firm"}
 UNFINISHED_USER, NEXT_USER = "grace.obi@example.com", "daniel.reyes@example.com"
 DELETED_USER = "oscar.lindqvist@example.com"
 
