@@ -1,6 +1,7 @@
 #include "BrandStyle.h"
 
 #include "Accessibility.h"
+#include "Components/RowList.h"
 #include "MenuPainting.h"
 #include "Paint.h"
 #include "Palette.h"
@@ -41,7 +42,14 @@ QRect scrollThumbRect(const QStyleOptionSlider& bar)
                    : QRect(bar.rect.left() + start, bar.rect.top(), length, bar.rect.height());
 }
 
-void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar)
+/// The rows of a list reach nearer to its edge than what stands on a page.
+bool scrollsRows(const QWidget* bar)
+{
+    const QWidget* around = bar ? bar->parentWidget() : nullptr;
+    return around && qobject_cast<const RowList*>(around->parentWidget());
+}
+
+void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar, const QWidget* widget)
 {
     if (bar.minimum >= bar.maximum)
         return;
@@ -49,6 +57,8 @@ void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar)
     constexpr qreal margin = (scrollBarExtent - scrollThumb) / 2.0;
     thumb = bar.orientation == Qt::Vertical ? thumb.adjusted(margin, 0, -margin, 0)
                                             : thumb.adjusted(0, margin, 0, -margin);
+    if (scrollsRows(widget))
+        thumb.translate(bar.direction == Qt::RightToLeft ? -margin : margin, 0);
     const bool active
         = bar.state & QStyle::State_MouseOver || bar.activeSubControls & QStyle::SC_ScrollBarSlider;
     Paint::roundedRect(painter, thumb, scrollThumb / 2.0,
@@ -261,7 +271,7 @@ void BrandStyle::drawComplexControl(
 {
     const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (control == CC_ScrollBar && slider)
-        drawScrollBar(*painter, *slider);
+        drawScrollBar(*painter, *slider, widget);
     else
         QProxyStyle::drawComplexControl(control, option, painter, widget);
 }

@@ -22,6 +22,19 @@ void Page::setMaxWidth(int maxWidth)
     arrange();
 }
 
+void Page::setPlace(Place place)
+{
+    if (place == std::exchange(place_, place))
+        return;
+    arrange();
+}
+
+void Page::keepSpacing()
+{
+    keepsSpacing_ = true;
+    arrange();
+}
+
 void Page::addHeader(QWidget* header)
 {
     header_ = header;
@@ -53,7 +66,8 @@ void Page::arrange()
     const int spare = std::max(0, viewport()->width() - 2 * padding - maxWidth_);
     const int before = isDetail ? 0 : spare / 2;
     widget()->layout()->setContentsMargins(padding + before, padding, padding + spare - before, padding);
-    column_->setSpacing(compact ? Spacing::betweenCardsCompact : Spacing::betweenCards);
+    const bool closer = compact && !keepsSpacing_;
+    column_->setSpacing(closer ? Spacing::betweenCardsCompact : Spacing::betweenCards);
     for (const QPointer<Card>& card : std::as_const(cards_)) {
         if (card)
             card->setPadding(compact ? Spacing::cardCompact : Spacing::card);

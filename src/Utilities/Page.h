@@ -19,7 +19,7 @@ public:
     {
         screen, ///< the whole content area; the column is centred in it
         detail, ///< beside a list; the column keeps to its leading edge
-        pane, ///< the same with more room around, for one card alone
+        pane, ///< the same with more room around, for one card alone or two columns
     };
 
     /// \param maxWidth  of the column, in pixels, without the room around it
@@ -34,6 +34,9 @@ public:
     void fit(Card* card);
     bool isCompact() const { return compact_; }
     void setMaxWidth(int maxWidth);
+    void setPlace(Place place);
+    /// Leaves the room between the column's items as it is where the page is compact.
+    void keepSpacing();
 
 signals:
     void compactChanged(bool compact);
@@ -47,6 +50,7 @@ private:
     int maxWidth_;
     Place place_;
     bool compact_ = false;
+    bool keepsSpacing_ = false;
     QWidget* header_ = nullptr;
     QList<QPointer<Card>> cards_;
     QVBoxLayout* column_;

@@ -51,7 +51,7 @@ TEST_F(SessionDetailViewLayout, StandsInOneColumnBelowNineHundredPixels)
     EXPECT_EQ(place(messages).left(), place(adminCard()).left());
     EXPECT_EQ(place(adminCard()).width(), 760);
     EXPECT_EQ(place(adminCard()).left(), 20);
-    EXPECT_EQ(place(notaryCard()).top() - place(view->findChild<SessionSummaryCard*>()).bottom() - 1, 20);
+    EXPECT_EQ(place(notaryCard()).top() - place(view->findChild<SessionSummaryCard*>()).bottom() - 1, 16);
 }
 
 TEST_F(SessionDetailViewLayout, StandsInTwoColumnsFromNineHundredPixels)
@@ -66,12 +66,12 @@ TEST_F(SessionDetailViewLayout, StandsInTwoColumnsFromNineHundredPixels)
     EXPECT_EQ(place(documents).left(), place(messages).left());
     EXPECT_EQ(place(documents).top(), place(messages).bottom() + 21);
     EXPECT_EQ(place(notaryCard()).top(), place(summary).bottom() + 21) << "no card is stretched";
-    EXPECT_EQ(place(messages).right(), 960 - 20 - 1);
+    EXPECT_EQ(place(messages).right(), 960 - 24 - 1);
 
     view->resize(700, 900);
     settle();
     EXPECT_GT(place(messages).top(), place(adminCard()).bottom());
-    EXPECT_EQ(place(messages).top(), place(adminCard()).bottom() + 21);
+    EXPECT_EQ(place(messages).top(), place(adminCard()).bottom() + 17);
 }
 
 TEST_F(SessionDetailViewLayout, ComesCloserTogetherWhereItIsNarrow)

@@ -9,22 +9,22 @@
 
 namespace {
 
-int symbolEdge(qreal chip)
+/// Of the design, as is what it is asked for.
+int usualSymbolEdge(qreal chip)
 {
-    const auto unscaled = chip / Type::factor();
-    return Type::scaled(unscaled < 36 ? 16
-            : unscaled < 40           ? 20
-            : unscaled < 44           ? 22
-            : unscaled < 48           ? 24
-            : unscaled < 56           ? 28
-            : unscaled < 64           ? 34
-                                      : 38);
+    return chip < 36 ? 16
+        : chip < 40  ? 20
+        : chip < 44  ? 22
+        : chip < 48  ? 24
+        : chip < 56  ? 28
+        : chip < 64  ? 34
+                     : 38;
 }
 
 } // namespace
 
 Chip::Chip(const QString& systemImage, int edge, Look look, QWidget* parent)
-    : QWidget(parent), symbol_(systemImage), edge_(edge), look_(look)
+    : QWidget(parent), symbol_(systemImage), edge_(edge), symbolEdge_(usualSymbolEdge(edge)), look_(look)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -36,12 +36,23 @@ void Chip::setSystemImage(const QString& symbol)
     update();
 }
 
+void Chip::setSymbolEdge(int edge)
+{
+    symbolEdge_ = edge;
+    update();
+}
+
 QSize Chip::sizeHint() const
 {
     return {Type::scaled(edge_), Type::scaled(edge_)};
 }
 
 void Chip::draw(QPainter& painter, const QRectF& box, const QString& symbol, Look look)
+{
+    draw(painter, box, symbol, look, usualSymbolEdge(box.width() / Type::factor()));
+}
+
+void Chip::draw(QPainter& painter, const QRectF& box, const QString& symbol, Look look, int symbolEdge)
 {
     const qreal radius = box.width() < 36 ? Radius::control : box.width() < 48 ? Radius::chip : Radius::card;
     auto tone = Brand::blue;
@@ -67,7 +78,7 @@ void Chip::draw(QPainter& painter, const QRectF& box, const QString& symbol, Loo
         break;
     }
     Paint::roundedRect(painter, box, radius, fill);
-    const auto edge = symbolEdge(box.width());
+    const auto edge = Type::scaled(symbolEdge);
     QRectF icon(0, 0, edge, edge);
     icon.moveCenter(box.center());
     Symbols::paint(painter, icon, symbol, Palette::color(tone));
@@ -76,5 +87,5 @@ void Chip::draw(QPainter& painter, const QRectF& box, const QString& symbol, Loo
 void Chip::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    draw(painter, rect(), symbol_, look_);
+    draw(painter, rect(), symbol_, look_, symbolEdge_);
 }

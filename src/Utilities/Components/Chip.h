@@ -22,6 +22,8 @@ public:
         const QString& systemImage, int edge = 36, Look look = Look::soft, QWidget* parent = nullptr);
 
     void setSystemImage(const QString& symbol);
+    /// Where the symbol is to be smaller or larger than usual, in pixels of the design.
+    void setSymbolEdge(int edge);
     QSize sizeHint() const override;
 
     /// Draws a chip elsewhere, for example in a list row.
@@ -31,7 +33,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    static void draw(QPainter& painter, const QRectF& box, const QString& symbol, Look look, int symbolEdge);
+
     QString symbol_;
     int edge_;
+    int symbolEdge_;
     Look look_;
 };

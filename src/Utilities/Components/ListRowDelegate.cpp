@@ -73,14 +73,13 @@ ListRowDelegate::ListRowDelegate(Reader reader, const Options& options, QObject*
 
 int ListRowDelegate::firstLineHeight() const
 {
-    const bool besideTitle = options_.chevron && !options_.pillCentred;
-    return besideTitle ? qMax(Type::lineHeight(Type::strong), Height::pill())
-                       : Type::lineHeight(Type::strong);
+    const int title = Type::lineHeight(Type::strong);
+    return options_.pill == Pill::besideTitle ? qMax(title, Height::pill()) : title;
 }
 
 int ListRowDelegate::rowGap() const
 {
-    return options_.onlyRead ? dividerHeight : roomBetween;
+    return options_.onlyRead ? dividerHeight : options_.gap;
 }
 
 QSize ListRowDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const
@@ -114,11 +113,12 @@ ListRowDelegate::Places ListRowDelegate::placesOf(const ListRow& row, const QRec
     if (row.showsPill()) {
         const int wanted = PlainText::width(StatusPill::wording(row.pill), Type::group) + 20;
         places.pillWidth = qMin(wanted, inner.width() / pillShare);
-        const int top = options_.pillCentred ? places.row.center().y() - Height::pill() / 2 + 1
-                                             : inner.top() + (first - Height::pill()) / 2;
+        const bool centred = options_.pill == Pill::centred;
+        const int top = centred ? places.row.center().y() - Height::pill() / 2 + 1
+                                : inner.top() + (first - Height::pill()) / 2;
         places.pillTopRight = {inner.right() + 1, top};
         places.title.setRight(inner.right() - places.pillWidth - textGap);
-        if (options_.pillCentred)
+        if (centred)
             linesRight = places.title.right();
     }
     int top = inner.top() + first;

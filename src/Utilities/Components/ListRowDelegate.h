@@ -15,17 +15,22 @@ class ListRowDelegate : public QStyledItemDelegate
 public:
     /// Between the edge of a row and what stands in it, in pixels.
     static constexpr int roomAcross = 10;
-    /// Between a row and the next one.
-    static constexpr int roomBetween = 2;
 
+    enum class Pill
+    {
+        none, ///< in no row of the list
+        besideTitle,
+        centred, ///< beside all lines
+    };
     struct Options
     {
         int textLines = 2; ///< under the title, the meta line included
         bool metaLine = false; ///< whether the last of them is a meta line
         bool chip = false;
         bool chevron = true;
-        bool pillCentred = false; ///< beside all lines instead of beside the title
+        Pill pill = Pill::besideTitle;
         int padding = 12; ///< above and below the texts
+        int gap = 2; ///< between a row and the next one
         bool onlyRead = false; ///< a line between the rows, and neither highlights nor room between them
         int trailingRoom = 0; ///< left free at the trailing end, for a control of its own
     };

@@ -2,6 +2,7 @@
 
 #include "EvenLines.h"
 #include "Paint.h"
+#include "PlainText.h"
 #include "Spacing.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -15,14 +16,13 @@ namespace {
 class EditorBox : public QPlainTextEdit
 {
 public:
-    EditorBox(const QString& placeholder, int height)
+    EditorBox(const QString& placeholder, int height) : placeholder_(placeholder)
     {
         setFrameShape(QFrame::NoFrame);
         auto* text = new QTextDocument(this);
         text->setDocumentLayout(new EvenLines(text, Type::body));
         setDocument(text);
         setFont(Type::font(Type::body));
-        setPlaceholderText(placeholder);
         setTabChangesFocus(true);
         setAttribute(Qt::WA_Hover);
         viewport()->setAutoFillBackground(false);
@@ -68,6 +68,18 @@ protected:
         return QPlainTextEdit::event(event);
     }
 
+    /// The placeholder stands where the first letter will; Qt's own stands higher, in its font's own lines.
+    void paintEvent(QPaintEvent* event) override
+    {
+        QPlainTextEdit::paintEvent(event);
+        if (!document()->isEmpty())
+            return;
+        QPainter painter(viewport());
+        const int margin = qRound(document()->documentMargin());
+        const QRect line(margin, margin, viewport()->width() - 2 * margin, Type::lineHeight(Type::body));
+        PlainText::draw(painter, line, placeholder_, Type::body, palette().color(QPalette::PlaceholderText));
+    }
+
     void focusInEvent(QFocusEvent* event) override
     {
         QPlainTextEdit::focusInEvent(event);
@@ -88,6 +100,8 @@ private:
         const int across = Spacing::fieldPadding + 1 - ownMargin;
         setViewportMargins(across, above - ownMargin, across, below - ownMargin);
     }
+
+    QString placeholder_;
 };
 
 } // namespace

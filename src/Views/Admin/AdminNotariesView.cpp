@@ -9,7 +9,6 @@ static ListRowDelegate::Options rowShape()
     shape.textLines = 1;
     shape.chip = true;
     shape.chevron = false;
-    shape.padding = 13;
     return shape;
 }
 

@@ -9,6 +9,7 @@ static ListRowDelegate::Options rowShape()
     shape.textLines = 1;
     shape.chip = true;
     shape.chevron = false;
+    shape.pill = ListRowDelegate::Pill::none;
     shape.padding = 8;
     return shape;
 }

@@ -20,6 +20,7 @@ static constexpr int widest = 1120;
 DashboardView::DashboardView(std::shared_ptr<DashboardModel> model, QWidget* parent)
     : Page(widest, parent), model_(std::move(model))
 {
+    keepSpacing();
     const DashboardModel::Texts texts = model_->texts();
     column()->addWidget(new WorkspaceHero({}, texts.title, texts.subtitle));
     addTiles();
@@ -74,7 +75,7 @@ RowList* DashboardView::makeReadList(const QString& name, RowListModel& rows, co
     shape.textLines = 1;
     shape.chip = !chip.isEmpty();
     shape.chevron = false;
-    shape.pillCentred = true;
+    shape.pill = ListRowDelegate::Pill::centred;
     shape.padding = 8;
     shape.onlyRead = true;
     const auto read = [chip](const QModelIndex& index) {

@@ -8,7 +8,7 @@
 using namespace Qt::StringLiterals;
 
 NotaryDashboardView::NotaryDashboardView(std::shared_ptr<NotaryDashboardModel> model, QWidget* parent)
-    : DashboardView(model, parent), model_(std::move(model)), lists_(Layouts::row(0))
+    : DashboardView(model, parent), model_(std::move(model)), lists_(Layouts::row(Spacing::betweenCards))
 {
     addAssigned();
     addOpenCalls();
@@ -21,7 +21,8 @@ void NotaryDashboardView::addAssigned()
 {
     ListRowDelegate::Options shape;
     shape.chevron = false;
-    shape.pillCentred = true;
+    shape.pill = ListRowDelegate::Pill::centred;
+    shape.gap = 0;
     auto* list = new RowListView(u"Assigned Sessions"_s, model_->assignedRows(), shape);
     list->setShowsAllRows(true);
     opensSessions(list);
@@ -59,5 +60,4 @@ void NotaryDashboardView::opensSessions(RowListView* list)
 void NotaryDashboardView::arrange(bool compact)
 {
     lists_->setDirection(compact ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
-    lists_->setSpacing(compact ? Spacing::betweenCardsCompact : Spacing::betweenCards);
 }

@@ -31,6 +31,8 @@ ListRowDelegate::Options openCallRows()
 {
     ListRowDelegate::Options shape;
     shape.chevron = false;
+    shape.pill = ListRowDelegate::Pill::none;
+    shape.gap = 0;
     shape.trailingRoom = widestButton() + ListRowDelegate::roomAcross;
     return shape;
 }
@@ -126,8 +128,7 @@ void OpenCallList::update(const Call& call, int row)
     button->setFocusPolicy(row == list_->currentIndex().row() ? Qt::StrongFocus : Qt::ClickFocus);
     const QRect area = list_->visualRect(list_->model()->index(row, 0))
                            .translated(list_->viewport()->mapTo(this, QPoint()));
-    const QRect inner = area.adjusted(
-        ListRowDelegate::roomAcross, 0, -ListRowDelegate::roomAcross, -ListRowDelegate::roomBetween);
+    const QRect inner = area.adjusted(ListRowDelegate::roomAcross, 0, -ListRowDelegate::roomAcross, 0);
     button->setGeometry(
         QStyle::alignedRect(layoutDirection(), Qt::AlignRight | Qt::AlignVCenter, button->sizeHint(), inner));
 }

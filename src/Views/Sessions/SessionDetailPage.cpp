@@ -88,21 +88,22 @@ void SessionDetailPage::resizeEvent(QResizeEvent* event)
 void SessionDetailPage::arrangeColumns()
 {
     const bool two = width() >= Type::scaled(twoColumnsFrom);
+    const int between = two ? Spacing::betweenCards : Spacing::betweenCardsCompact;
+    columns_->setSpacing(between);
+    leading_.cards->setSpacing(between);
+    trailing_.cards->setSpacing(between);
     columns_->setDirection(two ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
     for (const Column& column : {leading_, trailing_}) {
         // Beside a higher column the cards keep to the top.
         column.end->changeSize(0, 0, QSizePolicy::Minimum, two ? QSizePolicy::Expanding : QSizePolicy::Fixed);
         column.cards->invalidate();
     }
+    setPlace(two ? Place::pane : Place::detail);
     setMaxWidth(two ? 2 * columnWidest + columns_->spacing() : columnWidest);
 }
 
 void SessionDetailPage::arrangeCards()
 {
-    const int between = isCompact() ? Spacing::betweenCardsCompact : Spacing::betweenCards;
-    columns_->setSpacing(between);
-    leading_.cards->setSpacing(between);
-    trailing_.cards->setSpacing(between);
     for (Card* card : cards_)
         card->setPadding(isCompact() ? Spacing::cardCompact : Spacing::card);
 }

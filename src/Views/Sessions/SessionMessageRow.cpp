@@ -13,6 +13,7 @@
 using namespace Qt::StringLiterals;
 
 static constexpr int chipEdge = 28;
+static constexpr int symbolEdge = 14;
 static constexpr int besideChip = 12;
 static constexpr int widestTime = 160;
 /// Keeps the text clear of the scroll bar, which lies over the edge.
@@ -41,7 +42,9 @@ SessionMessageRow::SessionMessageRow(
     auto* row = Layouts::row(Type::scaled(besideChip));
     if (part == Part::first) {
         column->addWidget(makeHeader(message));
-        row->addWidget(new Chip(SessionMessagesModel::icon(message), chipEdge), 0, Qt::AlignTop);
+        auto* chip = new Chip(SessionMessagesModel::icon(message), chipEdge);
+        chip->setSymbolEdge(symbolEdge);
+        row->addWidget(chip, 0, Qt::AlignTop);
     } else {
         row->addSpacing(Type::scaled(chipEdge));
     }

@@ -11,9 +11,13 @@
 
 #include <QGridLayout>
 
+#include <algorithm>
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 static constexpr int betweenFacts = 12;
+static constexpr int besideFact = 16;
 
 SessionSummaryCard::SessionSummaryCard(QWidget* parent)
     : Card(Spacing::card, parent), reference_(new PlainLabel({}, Type::small, Brand::steel)),
@@ -30,10 +34,8 @@ SessionSummaryCard::SessionSummaryCard(QWidget* parent)
     add(new SoftDivider, 16);
 
     facts_->setContentsMargins(0, 0, 0, 0);
-    facts_->setHorizontalSpacing(Spacing::fieldsAcross);
+    facts_->setHorizontalSpacing(besideFact);
     facts_->setVerticalSpacing(betweenFacts);
-    facts_->setColumnStretch(0, 1);
-    facts_->setColumnStretch(1, 1);
 
     cancel_->setButtonSize(Button::Size::small);
     auto* row = Layouts::row(Spacing::fieldsAcross);
@@ -67,10 +69,16 @@ void SessionSummaryCard::setSession(const SessionSummary& session)
     };
     facts.removeIf([](const Fact& fact) { return fact.text.isEmpty(); });
     Layouts::clear(facts_);
+    // Both columns share the room in the ratio of what they need, so that an address is cut off last.
     constexpr int perRow = 2;
+    std::array<int, perRow> needed{1, 1};
     for (int place = 0; place < int(facts.size()); ++place) {
         auto* line = new SymbolLine(facts.at(place).icon, facts.at(place).text);
-        facts_->addWidget(line, place / perRow, place % perRow);
+        const int column = place % perRow;
+        facts_->addWidget(line, place / perRow, column);
+        int& width = needed.at(size_t(column));
+        width = std::max(width, line->sizeHint().width());
+        facts_->setColumnStretch(column, width);
     }
 
     const QString notary = session.raw.string(u"assigned_notary_name"_s);
