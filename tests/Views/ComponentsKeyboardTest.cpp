@@ -150,6 +150,20 @@ TEST_F(ComponentsKeyboard, ThePickerIsWorkedWithKeys)
     EXPECT_EQ(box->value(), u"2"_s);
 }
 
+/// The pointer leaves the box while its list is open, when no event says so.
+TEST_F(ComponentsKeyboard, APickerKnowsWhetherThePointerIsOverItWhenItsListHasClosed)
+{
+    auto* box = shown(new ComboBox({{u"One"_s, u"1"_s}, {u"Two"_s, u"2"_s}, {u"Three"_s, u"3"_s}}));
+    for (const bool isOver : {false, true}) {
+        box->showPopup();
+        QTest::mouseMove(
+            &window, isOver ? box->geometry().center() : box->geometry().bottomLeft() + QPoint(0, 300));
+        box->setAttribute(Qt::WA_UnderMouse, !isOver);
+        QTest::keyClick(box->view(), Qt::Key_Escape);
+        EXPECT_EQ(box->underMouse(), isOver);
+    }
+}
+
 TEST_F(ComponentsKeyboard, NewOptionsKeepTheChoiceWhereTheyCan)
 {
     ComboBox box({{u"One"_s, u"1"_s}, {u"Two"_s, u"2"_s}});

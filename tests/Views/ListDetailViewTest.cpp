@@ -2,9 +2,13 @@
 
 #include "Components/Emblem.h"
 #include "Components/EmptyStateView.h"
+#include "Components/SearchField.h"
 #include "Lists/RowListView.h"
 #include "ScreensViewTest.h"
 #include "Type.h"
+
+#include <QLineEdit>
+#include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
 
@@ -44,6 +48,16 @@ protected:
     std::unique_ptr<ListDetailView> view;
     QWidget* detail = nullptr;
 };
+
+RowListModel::Content content(std::initializer_list<qint64> ids)
+{
+    QList<RowTexts> rows;
+    for (const qint64 id : ids) {
+        rows.emplaceBack();
+        rows.last().id = id;
+    }
+    return RowListModel::Content::of(std::move(rows));
+}
 
 struct PaneRow
 {
@@ -100,4 +114,39 @@ TEST_F(ListDetailViewTest, AnEmptyListStaysUnderTheSearchWhereThereIsNoRoomForTh
     const QRect emblem = inView(view->findChild<Emblem*>());
     EXPECT_GE(emblem.top(), area.top());
     EXPECT_LT(emblem.top(), area.top() + 60);
+}
+
+/// A record that was deleted takes along the button that deleted it.
+TEST_F(ListDetailViewTest, AFocusThatWasInTheDetailGoesOnInTheList)
+{
+    rows.setContent(content({7, 8}));
+    open({960, 728});
+    auto* field = new QLineEdit(detail);
+    field->show();
+    field->setFocus();
+    ASSERT_EQ(QApplication::focusWidget(), field);
+    QSignalSpy chosen(view->list(), &RowListView::chosen);
+    view->setDetail(new QWidget);
+    EXPECT_EQ(QApplication::focusWidget(), view->list());
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ListDetailViewTest, AFocusThatWasInTheDetailGoesToTheSearchOfAnEmptyList)
+{
+    open({960, 728});
+    auto* field = new QLineEdit(detail);
+    field->show();
+    field->setFocus();
+    ASSERT_EQ(QApplication::focusWidget(), field);
+    view->setDetail(new QWidget);
+    EXPECT_EQ(QApplication::focusWidget(), view->searchField());
+}
+
+TEST_F(ListDetailViewTest, AFocusElsewhereStaysWhereItIs)
+{
+    rows.setContent(content({7}));
+    open({960, 728});
+    view->searchField()->setFocus();
+    view->setDetail(new QWidget);
+    EXPECT_EQ(QApplication::focusWidget(), view->searchField());
 }

@@ -7,6 +7,7 @@
 #include "Spacing.h"
 #include "Symbols.h"
 
+#include <QCursor>
 #include <QListView>
 #include <QPainter>
 #include <QSignalBlocker>
@@ -109,6 +110,14 @@ QSize ComboBox::sizeHint() const
 QSize ComboBox::minimumSizeHint() const
 {
     return {Type::scaled(72), boxHeight()};
+}
+
+void ComboBox::hidePopup()
+{
+    QComboBox::hidePopup();
+    // Nobody tells the box that the pointer has left it while its list was open.
+    setAttribute(Qt::WA_UnderMouse, rect().contains(mapFromGlobal(QCursor::pos())));
+    update();
 }
 
 void ComboBox::paintEvent(QPaintEvent*)

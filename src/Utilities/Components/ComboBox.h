@@ -38,6 +38,7 @@ public:
     bool hasSymbols() const { return hasSymbols_; }
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    void hidePopup() override;
 
 signals:
     void valueChanged(const QString& value);

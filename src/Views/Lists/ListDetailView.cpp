@@ -117,6 +117,9 @@ void ListDetailView::updateListArea()
 void ListDetailView::setDetail(QWidget* detail)
 {
     if (detail_) {
+        // Before its place disappears: a focus left to itself would move on to anything in the window.
+        if (detail_->isAncestorOf(window()->focusWidget()))
+            focusList();
         detail_->hide();
         detail_->deleteLater();
     }
@@ -124,6 +127,15 @@ void ListDetailView::setDetail(QWidget* detail)
     detail_->setParent(this);
     arrange();
     detail_->show();
+}
+
+/// Where somebody goes on whose field or button went with a detail. No row becomes the current one by that.
+void ListDetailView::focusList()
+{
+    if (listArea_->currentWidget() == list_)
+        list_->setFocus(Qt::MouseFocusReason);
+    else
+        search_->setFocus(Qt::OtherFocusReason);
 }
 
 /// From the search, the arrow and page keys go on in the list.

@@ -39,7 +39,8 @@ public:
     void addFilter(QWidget* filter);
     /// While loading, a list without rows says so; one with rows keeps showing them.
     void setLoading(bool loading);
-    /// Takes the detail's place; the detail shown before is deleted.
+    /// Takes the detail's place; the detail shown before is deleted. A focus in that one goes to the list, or
+    /// to the search where the list is empty.
     void setDetail(QWidget* detail);
     /// Null before the first one.
     QWidget* detail() const { return detail_; }
@@ -57,6 +58,7 @@ private:
     QWidget* makeListArea(const Texts& texts);
     void arrangeTitle();
     void updateListArea();
+    void focusList();
     void arrange();
 
     QWidget* pane_;
