@@ -11,6 +11,8 @@ function(house_options target)
     endif()
     target_compile_definitions(${target} PRIVATE
         QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+    # All symbols are bound before main() and read-only from then on; libraries that nothing calls are not loaded.
+    target_link_options(${target} PUBLIC LINKER:-z,relro,-z,now LINKER:--as-needed)
     if(QUORVEL_SANITIZE)
         target_compile_options(${target} PRIVATE
             -fsanitize=${QUORVEL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

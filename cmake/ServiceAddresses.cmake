@@ -4,6 +4,8 @@ set(QUORVEL_SECURE_TOKEN_URL "https://localhost:8443" CACHE STRING "Host of the 
 set(QUORVEL_SUPPORT_EMAIL "support@localhost" CACHE STRING "Address opened by Contact Support")
 set(QUORVEL_PROPERTY_LIST "${CMAKE_SOURCE_DIR}/packaging/GoogleService-Info.plist"
     CACHE FILEPATH "The property list that holds the service's web API key")
+# Software centres show the pictures of docs/pictures from here.
+set(QUORVEL_SCREENSHOTS_URL "${QUORVEL_WEBSITE_URL}/quorvel/pictures" CACHE STRING "Where the pictures are served")
 
 # A password or a token must never travel in the clear, so no other scheme can be built in.
 foreach(address QUORVEL_WEBSITE_URL QUORVEL_SECURE_TOKEN_URL)

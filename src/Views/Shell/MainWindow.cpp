@@ -5,6 +5,7 @@
 #include "Admin/AdminNotariesView.h"
 #include "Admin/AdminRecordsView.h"
 #include "Admin/AdminUsersView.h"
+#include "AppIcon.h"
 #include "Booking/BookRemoteNotaryView.h"
 #include "Components/EmptyStateView.h"
 #include "Dashboards/AdminDashboardView.h"
@@ -40,6 +41,7 @@ MainWindow::MainWindow(MainWindowModel& model, AppearanceModel& appearance)
 {
     setMinimumSize(leastSize);
     resize(firstSize);
+    setWindowIcon(AppIcon::window());
     addApplicationMenu();
 
     auto* columns = new QWidget;

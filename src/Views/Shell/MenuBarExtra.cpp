@@ -1,5 +1,6 @@
 #include "Shell/MenuBarExtra.h"
 
+#include "AppIcon.h"
 #include "PlainText.h"
 #include "Symbols.h"
 #include "Type.h"
@@ -15,9 +16,10 @@ MenuBarExtra::MenuBarExtra(const ScreenContext& context, MenuBarDropdownModel mo
     onUser_ = context.auth.user.addNotifier([this] { rebuild(); });
     onRole_ = context.auth.activeRole.addNotifier([this] { rebuild(); });
     item_.setToolTip(u"Quorvel"_s);
-    item_.setIcon(Symbols::icon(u"checkmark.seal.fill"_s, Brand::navy));
     menu_.setMinimumWidth(Type::scaled(menuWidth));
     item_.setContextMenu(&menu_);
+    // Only a desktop that draws the menu itself draws the item too.
+    item_.setIcon(AppIcon::statusBar(menu_.platformMenu() != nullptr));
     rebuild();
     item_.show();
 }
