@@ -10,6 +10,9 @@ from waiting import wait_for
 
 SMALLEST = (980, 680)
 LARGEST = (1920, 1080)
+MAIN_SCREENS = {"Dashboard": "dashboard", "Book Remote Notary": "booking", "Sessions": "sessions",
+                "Settings": "settings"}
+OFFICE_SCREENS = {"Admin Dashboard": "admin-dashboard", "Records": "records", "Notaries": "notaries"}
 
 DESKTOPS = Path(__file__).parent.parent / "desktops"
 OTHER_DESKTOPS = {
@@ -65,14 +68,13 @@ def signed_out_screens(stage):
 
 
 def sizes(stage):
-    """From the smallest window to a large screen."""
-    for size in (SMALLEST, LARGEST):
-        stage.at_size(*size, lambda suffix: _main_screens(stage, suffix))
+    """From the smallest window, where everything is tight, to a large screen."""
+    stage.at_size(*SMALLEST, lambda suffix: _screens(stage, MAIN_SCREENS | OFFICE_SCREENS, suffix))
+    stage.at_size(*LARGEST, lambda suffix: _screens(stage, MAIN_SCREENS, suffix))
 
 
-def _main_screens(stage, suffix):
-    for section, name in (("Dashboard", "dashboard"), ("Book Remote Notary", "booking"), ("Sessions", "sessions"),
-                          ("Settings", "settings")):
+def _screens(stage, names, suffix):
+    for section, name in names.items():
         stage.open(section)
         _expect_inside(stage)
         stage.picture(name + suffix)

@@ -3,7 +3,7 @@
 from chapters import dashboards
 from chapters.dashboards import PENDING, count
 from chapters.sessions import SEARCH
-from expectations import display_date_time, expect_equal, latest_first, session_row
+from expectations import display_date_time, expect, expect_equal, latest_first, session_row
 from waiting import wait_for
 
 # Everything that a session may be assigned with, beside its status.
@@ -59,6 +59,7 @@ def delete(stage):
     _ask(stage, DELETE)
     stage.screen.wait_reads("No Sessions Found")
     _wait_for_detail(stage, latest_first(others)[0])
+    expect("focused" in stage.screen.wait("text", SEARCH).states, "The focus went elsewhere with what was deleted.")
     expect_equal(stage.bridge.sessions(), others, "the other sessions")
     expect_equal(stage.bridge.messages(session["id"]) + stage.bridge.uploads(session["id"]), [],
                  "what was in the session")
