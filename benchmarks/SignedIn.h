@@ -3,6 +3,7 @@
 #include "Screen/ScreenContext.h"
 #include "support/FakeWebSession.h"
 #include "support/InMemoryDefaults.h"
+#include "support/SteadyLoginItem.h"
 
 class NoOpens : public SystemOpen
 {
@@ -33,5 +34,7 @@ struct SignedIn
     Backend backend{session, notifications, epoch, config};
     AuthManager auth{backend, defaults};
     LeaveGuard leaving;
-    ScreenContext context{auth, router, opens, backend, leaving};
+    SteadyLoginItem loginItem;
+    LaunchAtLogin launchAtLogin{defaults, loginItem};
+    ScreenContext context{auth, router, opens, backend, leaving, launchAtLogin};
 };

@@ -1,5 +1,6 @@
 #include "QuorvelMacApp.h"
 
+#include "AutostartLoginItem.h"
 #include "BrandStyle.h"
 #include "CurlWebSession.h"
 #include "DesktopSystemOpen.h"
@@ -9,14 +10,20 @@
 #include "Shell/MenuBarExtra.h"
 
 #include <QApplication>
+#include <QSystemTrayIcon>
 
-QuorvelMacApp::QuorvelMacApp()
-    : config_(AppConfig::builtIn()), defaults_(std::make_unique<SettingsDefaults>()),
+QuorvelMacApp::QuorvelMacApp(StartOptions options, QVariantMap platformData)
+    : options_(std::move(options)), platformData_(std::move(platformData)),
+      instance_(AppConfig::applicationId), config_(AppConfig::builtIn()),
+      defaults_(std::make_unique<SettingsDefaults>()),
       systemAppearance_(std::make_unique<PortalAppearance>()),
       systemOpen_(std::make_unique<DesktopSystemOpen>()),
+      loginItem_(std::make_unique<AutostartLoginItem>(AppConfig::applicationId)),
       session_(std::make_unique<CurlWebSession>()), backend_{*session_, NotificationCenter::shared(), epoch_,
                                                         config_},
-      auth_(backend_, *defaults_), context_{auth_, AppRouter::shared(), *systemOpen_, backend_, leaving_},
+      auth_(backend_, *defaults_),
+      launchAtLogin_(*defaults_, *loginItem_), context_{auth_, AppRouter::shared(), *systemOpen_, backend_,
+                                                   leaving_, launchAtLogin_},
       appearance_(*defaults_, *systemAppearance_), mainWindowModel_(context_)
 {
     QApplication::setQuitOnLastWindowClosed(false);
@@ -33,10 +40,30 @@ QuorvelMacApp::~QuorvelMacApp()
 
 void QuorvelMacApp::start()
 {
-    openMainWindow();
+    connect(&instance_, &SingleInstance::won, this, &QuorvelMacApp::begin);
+    connect(&instance_, &SingleInstance::handedOver, this, &QCoreApplication::quit);
+    connect(&instance_, &SingleInstance::activated, this, &QuorvelMacApp::openMainWindow);
+    connect(&instance_, &SingleInstance::actionActivated, this, &QuorvelMacApp::openAction);
+    instance_.claim({options_.comesForward, options_.action, platformData_});
+}
+
+void QuorvelMacApp::begin()
+{
+    if (const std::optional<AppSection> section = StartOptions::sectionOf(options_.action))
+        context_.router.open(*section);
+    // Without a status menu nothing else would show that the program runs.
+    if (options_.comesForward || !QSystemTrayIcon::isSystemTrayAvailable())
+        openMainWindow();
     MenuBarDropdownModel::Shell shell{[this] { openMainWindow(); }, &QCoreApplication::quit};
     menuBarExtra_
         = std::make_unique<MenuBarExtra>(context_, MenuBarDropdownModel(context_, std::move(shell)));
+}
+
+void QuorvelMacApp::openAction(const QString& action)
+{
+    if (const std::optional<AppSection> section = StartOptions::sectionOf(action))
+        context_.router.open(*section);
+    openMainWindow();
 }
 
 void QuorvelMacApp::openMainWindow()

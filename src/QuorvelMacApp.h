@@ -2,9 +2,12 @@
 
 #include "Shell/AppearanceModel.h"
 #include "Shell/MainWindowModel.h"
+#include "SingleInstance.h"
+#include "StartOptions.h"
 
 #include <memory>
 
+class AutostartLoginItem;
 class CurlWebSession;
 class DesktopSystemOpen;
 class MainWindow;
@@ -13,31 +16,39 @@ class PortalAppearance;
 class SettingsDefaults;
 
 /// The application: makes what lasts as long as the process, declares the main window and the status-bar
-/// menu, and keeps running when the window closes.
+/// menu, and keeps running when the window closes. A second start brings the first one's window forward.
 class QuorvelMacApp : public QObject
 {
     Q_OBJECT
 
 public:
-    QuorvelMacApp();
+    /// \param platformData  with what the desktop lets a window come to the front; from before Qt began
+    explicit QuorvelMacApp(StartOptions options = {}, QVariantMap platformData = {});
     ~QuorvelMacApp() override;
 
-    /// Shows the main window and the status-bar item.
+    /// Shows the main window and the status-bar item, or ends the program when it is running already.
     void start();
 
 private:
+    void begin();
+    void openAction(const QString& action);
     void openMainWindow();
 
     // From the ground up: what comes later uses what comes earlier.
+    const StartOptions options_;
+    const QVariantMap platformData_;
+    SingleInstance instance_;
     const AppConfig config_;
     std::unique_ptr<SettingsDefaults> defaults_;
     std::unique_ptr<PortalAppearance> systemAppearance_;
     std::unique_ptr<DesktopSystemOpen> systemOpen_;
+    std::unique_ptr<AutostartLoginItem> loginItem_;
     std::unique_ptr<CurlWebSession> session_;
     SignInEpoch epoch_;
     const Backend backend_;
     AuthManager auth_;
     LeaveGuard leaving_;
+    LaunchAtLogin launchAtLogin_;
     const ScreenContext context_;
     AppearanceModel appearance_;
     MainWindowModel mainWindowModel_;

@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 
 #include <csignal>
+#include <cstdio>
 
 /// Whatever this process writes belongs to its user alone, and no core file may hold their tokens.
 static void keepSecrets()
@@ -21,16 +22,36 @@ static void outliveReaders()
     std::signal(SIGPIPE, SIG_IGN);
 }
 
+/// Answers a start that only asks for information, which needs no desktop.
+static bool answerQuestion(int argc, char* argv[])
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments += QString::fromLocal8Bit(argv[i]);
+    const QString answer = StartOptions::information(arguments, QStringLiteral(QUORVEL_VERSION));
+    std::fputs(qUtf8Printable(answer), stdout);
+    return !answer.isEmpty();
+}
+
 int main(int argc, char* argv[])
 {
+    constexpr int wrongArguments = 2;
     keepSecrets();
     outliveReaders();
+    if (answerQuestion(argc, argv))
+        return 0;
+    const QVariantMap platformData = SingleInstance::Wish::platformDataOfThisStart();
     QApplication::setOrganizationName(QStringLiteral("Quorvel"));
     QApplication::setApplicationName(QStringLiteral("Quorvel"));
     QApplication::setApplicationVersion(QStringLiteral(QUORVEL_VERSION));
-    QApplication::setDesktopFileName(QStringLiteral("app.quorvel.Quorvel"));
+    QApplication::setDesktopFileName(AppConfig::applicationId);
     QApplication application(argc, argv);
-    QuorvelMacApp quorvel;
+    const StartOptions options = StartOptions::of(QApplication::arguments().sliced(1));
+    if (!options.fault.isEmpty()) {
+        std::fprintf(stderr, "quorvel: %s\n", qUtf8Printable(options.fault));
+        return wrongArguments;
+    }
+    QuorvelMacApp quorvel(options, platformData);
     quorvel.start();
     return QApplication::exec();
 }

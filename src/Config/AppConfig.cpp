@@ -8,6 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
+const QString AppConfig::applicationId = u"app.quorvel.Quorvel"_s;
+
 namespace {
 
 /// An address given at build time, without a path.

@@ -8,6 +8,9 @@
 /// The addresses and resources that a service gives to its build of the client.
 struct AppConfig
 {
+    /// By which the desktop knows the program: the name of its entry, of its icon, and on the session bus.
+    static const QString applicationId;
+
     QUrl websiteURL; ///< scheme and host only
     QUrl bridgeBaseURL; ///< the website with the path "/mobile-bridge/v1"
     QUrl secureTokenURL; ///< scheme and host of the token endpoint

@@ -1,5 +1,7 @@
 #include "SettingsFile.h"
 
+#include "DiskFile.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
@@ -12,7 +14,6 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <new>
 
 using namespace Qt::StringLiterals;
@@ -77,22 +78,6 @@ SettingsFile::Values parsed(const QString& path)
             values.insert(key, value);
     }
     return values;
-}
-
-/// Waits until the file, or the folder with its entries, is on the disk itself.
-bool syncToDisk(const QString& path)
-{
-    const int descriptor = open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0)
-        return false;
-    const bool isSynced = fsync(descriptor) == 0;
-    close(descriptor);
-    return isSynced;
-}
-
-bool rename(const QString& from, const QString& to)
-{
-    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
 }
 
 /// Gives the fresh file a later time than the one it replaces: QSettings, in this program and in others,
@@ -188,6 +173,7 @@ bool SettingsFile::replace(const QString& path, const Values& values)
     }
     // On a full disk QSettings reports success and leaves a short file, so only what reads back counts; under
     // its own name it would be read from memory.
-    return rename(written, fresh) && QFile::setPermissions(fresh, ownersAlone) && read(fresh) == values
-        && outdate(path, fresh) && syncToDisk(fresh) && rename(fresh, path) && syncToDisk(folder);
+    return DiskFile::rename(written, fresh) && QFile::setPermissions(fresh, ownersAlone)
+        && read(fresh) == values && outdate(path, fresh) && DiskFile::sync(fresh)
+        && DiskFile::rename(fresh, path) && DiskFile::sync(folder);
 }

@@ -5,6 +5,7 @@
 #include "support/EventLoop.h"
 #include "support/FakeWebSession.h"
 #include "support/InMemoryDefaults.h"
+#include "support/SteadyLoginItem.h"
 
 #include <QJsonObject>
 
@@ -70,7 +71,9 @@ protected:
     Backend backend{*webSession, notifications, epoch, config};
     AuthManager auth{backend, defaults};
     LeaveGuard leaving;
+    SteadyLoginItem loginItem;
+    LaunchAtLogin launchAtLogin{defaults, loginItem};
     /// What the screens take for the current moment.
     QDateTime now = QDateTime::fromString(QStringLiteral("2025-06-02T12:00:00Z"), Qt::ISODate);
-    ScreenContext context{auth, router, systemOpen, backend, leaving, [this] { return now; }};
+    ScreenContext context{auth, router, systemOpen, backend, leaving, launchAtLogin, [this] { return now; }};
 };

@@ -96,6 +96,8 @@ TEST_P(ScreensLayout, NothingIsClippedForSomebodyWithEveryRole)
     open(AppSection::dashboard);
     expectReadable("dashboard");
     open(AppSection::settings);
+    expectReadable("settings on their way");
+    answer(requestCount() - 1, R"({"full_name":"Maximiliane Whitfield-Oyelaran","phone":"(555) 010-0142"})");
     expectReadable("settings");
     open(AppSection::book);
     answer(requestCount() - 1, "{}");

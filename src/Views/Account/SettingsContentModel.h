@@ -1,17 +1,34 @@
 #pragma once
 
-#include "Screen/ScreenModel.h"
+#include "Screen/EditField.h"
+#include "Screen/EditPaneModel.h"
 #include "Shell/AppearanceModel.h"
 
-/// The person's settings: who they are, in which role, and how the program looks.
-class SettingsContentModel : public ScreenModel
+/// The person's settings: who they are, their password, how the program looks, and whether it starts with the
+/// desktop. Nothing here is trimmed; what is sent is what stands in the fields.
+class SettingsContentModel : public EditPaneModel
 {
     Q_OBJECT
 
 public:
-    SettingsContentModel(const ScreenContext& context, AppearanceModel& appearanceModel)
-        : ScreenModel(context), appearance(appearanceModel)
-    { }
+    SettingsContentModel(const ScreenContext& context, AppearanceModel& appearanceModel);
+
+private:
+    QList<AnyEditField*> fields_;
+
+public:
+    // The profile. What is being edited is not touched by a load.
+    EditField<QString> name{fields_};
+    EditField<QString> email{fields_};
+    EditField<QString> phone{fields_};
+    EditField<QString> city{fields_};
+    EditField<QString> state{fields_};
+
+    QProperty<QString> currentPassword;
+    QProperty<QString> newPassword;
+
+    /// The profile is on its way here, and no earlier load has brought it.
+    QProperty<bool> isLoading{false};
 
     AppearanceModel& appearance;
 
@@ -19,11 +36,37 @@ public:
     AppRole role() const { return context().auth.role(); }
     /// The choices in the order of their control.
     static QList<AppAppearanceMode> appearanceChoices();
+    /// What the desktop says; it can be followed.
+    QProperty<bool>& launchAtLogin() { return context().launchAtLogin.isOn; }
 
-    void signOut() { auth().signOut(); }
+    /// Changes of the profile that are not saved. A password that was typed and not sent counts as nothing.
+    bool hasEdits() const override;
+
+    /// The screen is shown: asks the desktop and the bridge how things stand.
+    void appeared();
+    /// The screen is out of sight: no password stays in its fields.
+    void disappeared();
+
+    /// Fills the fields, without a word where that fails.
+    QCoro::Task<> loadProfile();
+    QCoro::Task<> saveProfile();
+    QCoro::Task<> changePassword();
+    void setLaunchAtLogin(bool enabled);
+
+    /// Signs out once the person agrees to lose what is not saved.
+    void signOut();
     /// The way to the sign-in screen for somebody who is signed out.
     void signIn() { router().open(AppSection::book); }
     /// A new message to the service's support address.
     void contactSupport();
     void visitWebsite();
+
+private:
+    void fill(const JSONObject& profile);
+    void forget();
+    QCoro::Task<JSONObject> sendProfile(APIClient client, QJsonObject profile, QString idToken);
+
+    Turns loads_;
+    bool isLoaded_ = false;
+    QPropertyNotifier onUser_;
 };

@@ -4,8 +4,6 @@
 
 #include <QStackedWidget>
 
-class Card;
-
 /// The person's settings; a way to sign in while nobody is.
 class SettingsContentView : public QStackedWidget
 {
@@ -14,14 +12,15 @@ class SettingsContentView : public QStackedWidget
 public:
     explicit SettingsContentView(std::shared_ptr<SettingsContentModel> model, QWidget* parent = nullptr);
 
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
 private:
+    void showUser(bool isSignedIn);
     QWidget* makeSignedOut();
     QWidget* makeSignedIn();
     QWidget* makeHeader();
-    Card* makeAccountCard();
-    Card* makePreferencesCard();
-    QWidget* makeAppearance();
-    Card* makeAboutCard();
 
     std::shared_ptr<SettingsContentModel> model_;
 };

@@ -19,7 +19,9 @@ public:
         notaryUpdate,
         adminChanges,
         cancellation,
-        deletion
+        deletion,
+        profile,
+        password,
     };
     QProperty<Work> work{Work::none};
 

@@ -2,6 +2,7 @@
 
 #include "AppRouter.h"
 #include "AuthManager.h"
+#include "LaunchAtLogin.h"
 #include "Screen/LeaveGuard.h"
 #include "SystemOpen.h"
 
@@ -18,6 +19,7 @@ struct ScreenContext
     Backend backend;
     /// Asked before whatever is unfinished on a screen is left behind.
     LeaveGuard& leaving;
+    LaunchAtLogin& launchAtLogin;
     /// The current moment; tests bring their own.
     std::function<QDateTime()> now = [] { return QDateTime::currentDateTimeUtc(); };
 };
