@@ -2,6 +2,7 @@
 
 import re
 import stat
+import subprocess
 from dataclasses import dataclass, field
 from pathlib import Path
 
@@ -27,14 +28,15 @@ class Client:
 
     def __init__(self, build, desktop, bridge, conditions=Conditions()):
         self._home = desktop.home
+        self._program = build / "bin" / "quorvel"
+        self._environment = (desktop.environment | {"SSL_CERT_FILE": str(bridge.authority)}
+                             | conditions.environment)
         self._scale = conditions.scale
         # Of all runs, one behind the other.
         self._log = desktop.folder / "client.log"
         with self._log.open("ab") as log:
             self.process = desktop.processes.start(
-                [build / "bin" / "quorvel", *conditions.arguments],
-                desktop.environment | {"SSL_CERT_FILE": str(bridge.authority)} | conditions.environment,
-                stdout=log, stderr=log)
+                [self._program, *conditions.arguments], self._environment, stdout=log, stderr=log)
         self.screen = Screen(self.process.pid)
         self.person = Person(self.screen)
         self.wait_for_window()
@@ -53,6 +55,12 @@ class Client:
     def resize(self, width, height):
         hands.resize_active_window(width, height)
         wait_for(lambda: self.window[2:] == (width, height), f"a window of {width} by {height}")
+
+    def start_again(self, *arguments):
+        """A second start on the same desktop. Returns its exit code once it has ended."""
+        with self._log.open("ab") as log:
+            return subprocess.run([self._program, *arguments], env=self._environment, stdout=log, stderr=log,
+                                  timeout=30, check=False).returncode
 
     def is_running(self):
         return self.process.poll() is None

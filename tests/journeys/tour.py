@@ -9,8 +9,8 @@ import time
 from pathlib import Path
 
 from bridge import Bridge, NoWayToBridge
-from chapters import booking, business, conversation, leaving, looks, notary, office, people, records, signing_in, staff
-from chapters import sessions as session_list
+from chapters import (booking, business, conversation, leaving, looks, notary, office, people, records, sessions,
+                      settings, signing_in, staff)
 from client import Client, Conditions
 from display import Desktop
 from pictures import Album
@@ -56,7 +56,7 @@ class Journey:
             ("the bridge dies during the upload", booking.interrupted),
             ("the booking is submitted", lambda stage: booking.submit(stage, files)),
             ("the new session in the list", booking.see_sessions),
-            ("search and filter", lambda stage: session_list.find_booked(stage, booking.FORM)),
+            ("search and filter", lambda stage: sessions.find_booked(stage, booking.FORM)),
             ("a message is kept back", conversation.keep_unsent),
             ("a message is sent", conversation.send_message),
             ("documents for the session", lambda stage: conversation.upload(stage, more_files)),
@@ -94,9 +94,13 @@ class Journey:
     def _at_the_end(self):
         return [
             ("closing the window", leaving.close_and_come_back),
+            ("a second start", leaving.start_again),
             ("other desktops", self._visit_other_desktops),
             ("signing out again", staff.sign_out),
             ("a new account", signing_in.new_account),
+            ("a profile is saved", settings.save_profile),
+            ("another password", settings.change_password),
+            ("a start with the desktop", settings.start_with_desktop),
             ("quitting", leaving.quit_from_tray),
             ("nothing else was written", leaving.expect_tidy_home),
             ("nothing was told", leaving.expect_discreet),

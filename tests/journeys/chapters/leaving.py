@@ -22,6 +22,15 @@ def close_and_come_back(stage):
     stage.wait_until_loaded()
 
 
+def start_again(stage):
+    """A second start brings the window back, where the desktop's action for it leads, and ends."""
+    for arguments, section in (((), "Sessions"), (("--action=book-remote-notary",), "Book Remote Notary")):
+        hands.close_active_window()
+        stage.client.wait_until_closed()
+        expect_equal(stage.client.start_again(*arguments), 0, "the exit code of the second start")
+        stage.wait_for_section(section)
+
+
 def expect_still_signed_in(stage):
     stage.screen.wait_reads("Maya Whitfield")
     stage.screen.wait("push button", "Sign Out")

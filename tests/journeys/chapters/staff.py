@@ -8,7 +8,8 @@ from stage import DEMO_ADMIN
 from waiting import wait_for
 
 WORKSPACES = ["Notary Dashboard", "Admin Dashboard", "Records", "Users", "Notaries"]
-PICTURES = {"Dashboard": "dashboard-staff", "Sessions": "sessions-admin"}
+PICTURES = {"Dashboard": "dashboard-staff", "Sessions": "sessions-admin",
+            "Notary Dashboard": "notary-dashboard-admin"}
 PANES = {"Records": records.PANE, **people.PANE}
 
 
