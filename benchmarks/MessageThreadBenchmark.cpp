@@ -1,14 +1,12 @@
-#include "BrandStyle.h"
+#include "Answers.h"
+#include "MainThread.h"
 #include "Page.h"
+#include "RequestPipeline.h"
 #include "Sessions/SessionMessageThread.h"
 #include "Sessions/SessionMessagesCard.h"
 #include "Sessions/SessionMessagesModel.h"
 #include "SignedIn.h"
-#include "support/EventLoop.h"
 
-#include <benchmark/benchmark.h>
-
-#include <QApplication>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTest>
@@ -18,17 +16,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Messages of one to ten lines, every tenth in Hebrew.
 QList<SessionMessage> threadOf(int count)
 {
     QList<SessionMessage> thread;
-    for (int id = 1; id <= count; ++id) {
-        const QString sentence = id % 10 == 0
-            ? u"\u05d4\u05d5\u05d3\u05e2\u05d4 \u05d1\u05e2\u05d1\u05e8\u05d9\u05ea. "_s
-            : u"Message %1 of the thread, as people write it. "_s.arg(id);
-        thread += {id, id % 2 == 0 ? u"notary"_s : u"client"_s, u"Sender %1"_s.arg(id), u"s@example.com"_s,
-            sentence.repeated(1 + id * 7 % 13), u"2026-03-10 09:42:10"_s};
-    }
+    for (const JSONObject& raw : normalizeArray(*JSONValue::parse(Answers::messages(count))))
+        thread += SessionMessage::fromRaw(raw);
     return thread;
 }
 
@@ -146,13 +138,3 @@ BENCHMARK(resizePage)->Arg(1'000)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(typeLetter)->Arg(1'000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
-
-int main(int argc, char* argv[])
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    BrandStyle::install();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
