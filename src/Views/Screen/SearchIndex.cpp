@@ -1,9 +1,8 @@
 #include "Screen/SearchIndex.h"
 
-#include <QByteArrayMatcher>
-
 #include <algorithm>
 #include <numeric>
+#include <string_view>
 
 static constexpr char separator = '\xFF';
 
@@ -28,10 +27,14 @@ QList<int> SearchIndex::matches(const QString& query) const
         std::iota(rows.begin(), rows.end(), 0);
         return rows;
     }
-    const QByteArrayMatcher matcher(pattern);
+    // The standard library's search goes from one first letter to the next with the processor's widest
+    // instructions, and so reads several times faster than one that skips.
+    const std::string_view texts(buffer_.constData(), static_cast<size_t>(buffer_.size()));
+    const std::string_view wanted(pattern.constData(), static_cast<size_t>(pattern.size()));
     auto end = ends_.begin();
-    for (qsizetype at = matcher.indexIn(buffer_, 0); at >= 0; at = matcher.indexIn(buffer_, *end)) {
-        end = std::upper_bound(end, ends_.end(), at);
+    for (size_t at = texts.find(wanted); at != std::string_view::npos;
+         at = texts.find(wanted, static_cast<size_t>(*end))) {
+        end = std::find_if(end, ends_.end(), [at](qsizetype e) { return static_cast<size_t>(e) > at; });
         rows += int(end - ends_.begin());
     }
     return rows;
