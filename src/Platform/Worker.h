@@ -7,6 +7,7 @@
 #include <exception>
 #include <memory>
 #include <type_traits>
+#include <utility>
 
 /// Runs a function on Qt's worker pool, so that work longer than a frame never holds up the window. The
 /// function gets copies only; its result, or what it throws, comes back through the future.
@@ -26,4 +27,11 @@ auto onWorker(Function function) -> QFuture<std::invoke_result_t<Function>>
         promise->finish();
     });
     return future;
+}
+
+/// Lets go of something so large that even that would be felt. Whoever else shares it keeps it.
+template <typename Value>
+void discardOnWorker(Value value)
+{
+    QThreadPool::globalInstance()->start([value = std::move(value)]() mutable { value = Value(); });
 }

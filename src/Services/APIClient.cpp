@@ -1,7 +1,9 @@
 #include "APIClient.h"
 
 #include "RecordId.h"
+#include "Worker.h"
 
+#include <QCoroFuture>
 #include <QUuid>
 
 using namespace Qt::StringLiterals;
@@ -29,8 +31,11 @@ qint64 idOrRandom(const JSONObject& raw, std::initializer_list<QString> keys)
     return id ? *id : randomRecordId();
 }
 
-template <typename Record, typename Make>
-QList<Record> mapped(const QList<JSONObject>& raws, Make make)
+/// So many records are made within a frame; more are made off the main thread.
+constexpr qsizetype fewRecords = 500;
+
+template <typename Record>
+QList<Record> mapped(const QList<JSONObject>& raws, Record (*make)(const JSONObject&))
 {
     QList<Record> records;
     records.reserve(raws.size());
@@ -39,9 +44,34 @@ QList<Record> mapped(const QList<JSONObject>& raws, Make make)
     return records;
 }
 
+template <typename Record>
+QCoro::Task<QList<Record>> recordsOf(QList<JSONObject> raws, Record (*make)(const JSONObject&))
+{
+    if (raws.size() <= fewRecords)
+        co_return mapped(raws, make);
+    auto making = [raws = std::move(raws), make] { return mapped(raws, make); };
+    const QFuture<QList<Record>> made = onWorker(std::move(making));
+    co_return co_await made;
+}
+
 SessionSummary sessionFrom(const JSONObject& raw)
 {
     return {idOrRandom(raw, {u"id"_s, u"session_id"_s}), raw};
+}
+
+RemoteDocumentUpload documentFrom(const JSONObject& raw)
+{
+    return {idOrRandom(raw, {u"id"_s, u"upload_id"_s}), raw};
+}
+
+AdminUserRecord adminUserFrom(const JSONObject& raw)
+{
+    return {idOf(raw, {u"id"_s, u"user_id"_s}).value_or(0), raw};
+}
+
+AdminRecordItem adminRecordFrom(const JSONObject& raw)
+{
+    return {idOrRandom(raw, {u"id"_s, u"session_id"_s, u"record_id"_s}), raw};
 }
 
 /// Every file of a batch carries the batch's label and category.
@@ -125,8 +155,8 @@ QCoro::Task<QList<SessionSummary>> APIClient::getSessions(
         query += {u"scope"_s, scope};
     if (!status.isEmpty())
         query += {u"status"_s, status};
-    const QList<JSONObject> raws = co_await list(u"/remote-notary/sessions"_s, idToken, query);
-    co_return mapped<SessionSummary>(raws, sessionFrom);
+    QList<JSONObject> raws = co_await list(u"/remote-notary/sessions"_s, idToken, query);
+    co_return co_await recordsOf(std::move(raws), sessionFrom);
 }
 
 QCoro::Task<JSONObject> APIClient::createSession(QJsonObject payload, QString idToken) const
@@ -147,8 +177,8 @@ QCoro::Task<JSONObject> APIClient::cancelSession(qint64 id, QString idToken) con
 
 QCoro::Task<QList<SessionMessage>> APIClient::getSessionMessages(qint64 sessionId, QString idToken) const
 {
-    const QList<JSONObject> raws = co_await list(pathOf(sessionsPath, sessionId, u"/messages"_s), idToken);
-    co_return mapped<SessionMessage>(raws, &SessionMessage::fromRaw);
+    QList<JSONObject> raws = co_await list(pathOf(sessionsPath, sessionId, u"/messages"_s), idToken);
+    co_return co_await recordsOf(std::move(raws), SessionMessage::fromRaw);
 }
 
 QCoro::Task<JSONObject> APIClient::addSessionMessage(qint64 sessionId, QString message, QString idToken) const
@@ -160,10 +190,8 @@ QCoro::Task<JSONObject> APIClient::addSessionMessage(qint64 sessionId, QString m
 QCoro::Task<QList<RemoteDocumentUpload>> APIClient::getSessionDocuments(
     qint64 sessionId, QString idToken) const
 {
-    const QList<JSONObject> raws = co_await list(pathOf(sessionsPath, sessionId, u"/documents"_s), idToken);
-    co_return mapped<RemoteDocumentUpload>(raws, [](const JSONObject& raw) {
-        return RemoteDocumentUpload{idOrRandom(raw, {u"id"_s, u"upload_id"_s}), raw};
-    });
+    QList<JSONObject> raws = co_await list(pathOf(sessionsPath, sessionId, u"/documents"_s), idToken);
+    co_return co_await recordsOf(std::move(raws), documentFrom);
 }
 
 QCoro::Task<JSONObject> APIClient::uploadSessionFiles(qint64 sessionId, QString label, QString category,
@@ -197,10 +225,8 @@ QCoro::Task<QList<JSONObject>> APIClient::getBusinessClients(QString idToken) co
 
 QCoro::Task<QList<AdminUserRecord>> APIClient::getAdminUsers(QString idToken) const
 {
-    const QList<JSONObject> raws = co_await list(u"/admin/users"_s, idToken);
-    co_return mapped<AdminUserRecord>(raws, [](const JSONObject& raw) {
-        return AdminUserRecord{idOf(raw, {u"id"_s, u"user_id"_s}).value_or(0), raw};
-    });
+    QList<JSONObject> raws = co_await list(u"/admin/users"_s, idToken);
+    co_return co_await recordsOf(std::move(raws), adminUserFrom);
 }
 
 QCoro::Task<JSONObject> APIClient::saveAdminUser(qint64 id, QJsonObject data, QString idToken) const
@@ -215,10 +241,8 @@ QCoro::Task<JSONObject> APIClient::deleteAdminUser(qint64 id, QString idToken) c
 
 QCoro::Task<QList<AdminRecordItem>> APIClient::getAdminRecords(QString idToken) const
 {
-    const QList<JSONObject> raws = co_await list(u"/admin/records"_s, idToken);
-    co_return mapped<AdminRecordItem>(raws, [](const JSONObject& raw) {
-        return AdminRecordItem{idOrRandom(raw, {u"id"_s, u"session_id"_s, u"record_id"_s}), raw};
-    });
+    QList<JSONObject> raws = co_await list(u"/admin/records"_s, idToken);
+    co_return co_await recordsOf(std::move(raws), adminRecordFrom);
 }
 
 QCoro::Task<JSONObject> APIClient::saveAdminRecord(
@@ -237,8 +261,8 @@ QCoro::Task<JSONObject> APIClient::deleteAdminRecord(
 
 QCoro::Task<QList<RemoteNotaryOption>> APIClient::getAdminNotaries(QString idToken) const
 {
-    const QList<JSONObject> raws = co_await list(u"/admin/notaries"_s, idToken);
-    co_return mapped<RemoteNotaryOption>(raws, &RemoteNotaryOption::fromRaw);
+    QList<JSONObject> raws = co_await list(u"/admin/notaries"_s, idToken);
+    co_return co_await recordsOf(std::move(raws), RemoteNotaryOption::fromRaw);
 }
 
 QCoro::Task<JSONObject> APIClient::saveAdminNotary(qint64 id, QJsonObject data, QString idToken) const

@@ -33,3 +33,16 @@ TEST(WorkerTest, BringsAnExceptionBack)
     const auto throwing = []() -> int { throw std::runtime_error("on the worker"); };
     EXPECT_THROW(finished(await(onWorker(throwing))), std::runtime_error);
 }
+
+TEST(WorkerTest, LetsGoOffTheCallersThread)
+{
+    const QThread* endedOn = nullptr;
+    std::shared_ptr<int> value(new int(7), [&endedOn](const int* last) {
+        endedOn = QThread::currentThread();
+        delete last;
+    });
+    discardOnWorker(std::move(value));
+    QThreadPool::globalInstance()->waitForDone();
+    EXPECT_NE(endedOn, nullptr);
+    EXPECT_NE(endedOn, QThread::currentThread());
+}

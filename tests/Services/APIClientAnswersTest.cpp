@@ -102,6 +102,21 @@ TEST_F(Answers, RecordsKeepTheirRawObject)
     EXPECT_EQ(clients.result(), QList<JSONObject>{expected});
 }
 
+TEST_F(Answers, ManyRecordsComeInTheirOrder)
+{
+    const Awaited<QList<AdminUserRecord>> received(api.getAdminUsers(token));
+    QByteArrayList raws;
+    for (int id = 1; id <= 2000; ++id)
+        raws += R"({"id":)" + QByteArray::number(id) + '}';
+    answer(0, '[' + raws.join(',') + ']');
+    const QList<AdminUserRecord> made = received.result();
+    ASSERT_EQ(made.size(), raws.size());
+    for (qsizetype place = 0; place < made.size(); ++place) {
+        EXPECT_EQ(made.at(place).id, place + 1);
+        EXPECT_EQ(made.at(place).raw, JSONObject(json(raws.at(place))));
+    }
+}
+
 TEST_F(Answers, AMessageWithoutASenderComesFromTheService)
 {
     const Awaited<QList<SessionMessage>> call(api.getSessionMessages(1, token));

@@ -7,6 +7,7 @@
 #include <QCoroFuture>
 
 #include <algorithm>
+#include <utility>
 
 /// One of the lists of the administration, as far as its view sees it.
 class AdminListModel : public ListScreenModel
@@ -137,7 +138,7 @@ RowListModel::Content AdminListOf<Record, Detail>::rowsOf(
 template <typename Record, typename Detail>
 void AdminListOf<Record, Detail>::show(const QList<Record>& records, const RowListModel::Content& content)
 {
-    records_ = records;
+    discardOnWorker(std::exchange(records_, records));
     rows().setContent(content);
     const int place = selected_ ? placeOf(*selected_) : -1;
     selectedRow_ = std::nullopt;

@@ -1,6 +1,9 @@
 #include "Screen/RowListModel.h"
 
+#include "Worker.h"
+
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -16,7 +19,7 @@ RowListModel::Content RowListModel::Content::of(QList<RowTexts> rows)
 void RowListModel::setContent(Content content)
 {
     beginResetModel();
-    content_ = std::move(content);
+    discardOnWorker(std::exchange(content_, std::move(content)));
     refilter();
     endResetModel();
 }

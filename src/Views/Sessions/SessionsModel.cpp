@@ -7,6 +7,7 @@
 #include <QCoroFuture>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -124,7 +125,7 @@ SessionsModel::Loaded SessionsModel::prepare(QList<SessionSummary> received)
 
 void SessionsModel::show(Loaded loaded)
 {
-    sessions_ = std::move(loaded.sessions);
+    discardOnWorker(std::exchange(sessions_, std::move(loaded.sessions)));
     rows().setContent(std::move(loaded.rows));
     const std::optional<qint64> routed = router().selectedSessionId.value();
     const SessionSummary* chosen = routed ? find(*routed) : nullptr;
