@@ -112,6 +112,21 @@ TEST_F(SessionsViewSelectionTest, AKeyHeldInAListThatLosesTheFocusRestsThere)
     EXPECT_EQ(requests().size(), 2);
 }
 
+TEST_F(SessionsViewSelectionTest, AScreenThatGoesWhileAKeyIsHeldSelectsNothingMore)
+{
+    auto going = std::make_unique<SessionsView>(model);
+    show(*going);
+    QApplication::setActiveWindow(going.get());
+    EXPECT_EQ(requests().size(), 2) << "the list and the selected session";
+    auto* held = going->findChild<RowListView*>();
+    held->setFocus();
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Down, {}, {}, true);
+    QCoreApplication::sendEvent(held, &press);
+    ASSERT_TRUE(held->hasFocus());
+    going.reset();
+    EXPECT_EQ(model->selectedSession()->id, 1);
+}
+
 TEST_F(SessionsViewSelectionTest, AReloadWhileAKeyIsHeldLeavesTheHighlight)
 {
     QTest::keyPress(list, Qt::Key_Down);

@@ -31,6 +31,12 @@ ListScreenView::ListScreenView(std::shared_ptr<ListScreenModel> model, const Lis
     launch(model_->load());
 }
 
+ListScreenView::~ListScreenView()
+{
+    // A list that loses the focus as it goes still asks for the row that the person had come to.
+    lists_->list()->disconnect(this);
+}
+
 void ListScreenView::addShortcuts()
 {
     onRefreshKeys(this, [this] { model_->refresh(); });

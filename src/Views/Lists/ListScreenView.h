@@ -17,6 +17,7 @@ public:
     /// Loads the list.
     ListScreenView(std::shared_ptr<ListScreenModel> model, const ListDetailView::Texts& texts,
         const ListRowDelegate::Options& rowShape, MakeDetail makeDetail, QWidget* parent = nullptr);
+    ~ListScreenView() override;
 
 protected:
     ListDetailView* lists() const { return lists_; }
