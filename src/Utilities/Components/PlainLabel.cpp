@@ -72,7 +72,7 @@ QSize PlainLabel::sizeHint() const
 {
     if (fit_ == Fit::elide)
         return {PlainText::width(text(), style_), Type::lineHeight(style_)};
-    const int width = qMin(unbrokenWidth(), Type::scaled(widestHint));
+    const int width = qMin(unbroken().width(), Type::scaled(widestHint));
     return {width, heightForWidth(width)};
 }
 
@@ -86,6 +86,9 @@ int PlainLabel::heightForWidth(int width) const
 {
     if (fit_ == Fit::elide)
         return Type::lineHeight(style_);
+    // Most texts fit, and then every width comes to the same.
+    if (width >= unbroken().width())
+        return unbroken().height();
     const auto known = laid().heights.constFind(width);
     if (known != laid_.heights.constEnd())
         return *known;
@@ -108,12 +111,14 @@ PlainLabel::Laid& PlainLabel::laid() const
     return laid_;
 }
 
-int PlainLabel::unbrokenWidth() const
+QSize PlainLabel::unbroken() const
 {
-    int& width = laid().unbrokenWidth;
-    if (width < 0)
-        width = PlainText::Paragraph(text(), style_, -1).width();
-    return width;
+    QSize& size = laid().unbroken;
+    if (!size.isValid()) {
+        const PlainText::Paragraph paragraph(text(), style_, -1);
+        size = {paragraph.width(), paragraph.height()};
+    }
+    return size;
 }
 
 const PlainText::Paragraph& PlainLabel::painted() const

@@ -46,7 +46,7 @@ private:
     struct Laid
     {
         double factor = 0; ///< of the type when this was worked out
-        int unbrokenWidth = -1;
+        QSize unbroken; ///< without breaks but the text's own
         QHash<int, int> heights; ///< by width
         std::unique_ptr<PlainText::Paragraph> painted;
         int paintedWidth = 0;
@@ -54,7 +54,7 @@ private:
 
     void textChanged();
     Laid& laid() const;
-    int unbrokenWidth() const;
+    QSize unbroken() const;
     const PlainText::Paragraph& painted() const;
 
     Type::Style style_;
