@@ -1,14 +1,16 @@
 #include "AppIcon.h"
 
+#include "AppConfig.h"
+
 #include <QCoreApplication>
-#include <QString>
+#include <QSize>
 
 using namespace Qt::StringLiterals;
 
 QIcon AppIcon::window()
 {
-    const QString file = QCoreApplication::applicationDirPath()
-        + u"/../share/icons/hicolor/%1x%1/apps/app.quorvel.Quorvel.png"_s;
+    const QString file = QCoreApplication::applicationDirPath() + u"/../share/icons/hicolor/%1x%1/apps/"_s
+        + AppConfig::applicationId + u".png"_s;
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128})
         icon.addFile(file.arg(size), QSize(size, size));
@@ -17,5 +19,6 @@ QIcon AppIcon::window()
 
 QIcon AppIcon::statusBar(bool isDrawnByDesktop)
 {
-    return isDrawnByDesktop ? QIcon::fromTheme(u"app.quorvel.Quorvel-symbolic"_s, window()) : window();
+    return isDrawnByDesktop ? QIcon::fromTheme(AppConfig::applicationId + u"-symbolic"_s, window())
+                            : window();
 }

@@ -31,6 +31,9 @@ class Installed:
     def essential(self):
         return [stanza for stanza in set(self._stanzas.values()) if stanza.is_essential]
 
+    def named(self, names):
+        return [self._first([name], None) for name in names]
+
     def closure(self, stanzas):
         """These and everything that they depend on. The first alternative that is installed counts."""
         found = {}
@@ -50,7 +53,8 @@ class Installed:
         for name in alternatives:
             if name in self._stanzas:
                 return self._stanzas[name]
-        raise LookupError(f"{depending.key} needs {' or '.join(alternatives)}, which is not installed on this machine.")
+        asking = depending.key if depending else "The test"
+        raise LookupError(f"{asking} needs {' or '.join(alternatives)}, which is not installed on this machine.")
 
 
 class Stanza:

@@ -1,15 +1,17 @@
 """Installs the packages in a clean root, starts the programs as a desktop and a person would, and removes the packages.
 
-The root holds Debian's essential packages and what the packages say they depend on, copied from this machine; nothing
-else of this machine, of the sources or of the build tree is in it. So a dependency that is not declared, a file that
+The root holds Debian's essential packages, what the packages say they depend on, and a session bus, all copied from
+this machine; nothing else of this machine, of the sources or of the build tree is in it. So a dependency that is not declared, a file that
 is not packed, and a path that leads into the build tree each show as a program that does not start. What is not
 proved: that the packages' maintainer scripts run on a machine where their dependencies were set up in another way,
 as only a whole installation would."""
 
 import argparse
 import configparser
+import os
 import shlex
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -23,11 +25,12 @@ from display import Desktop, end  # noqa: E402
 from waiting import wait_for  # noqa: E402
 
 DESKTOP_ID = "app.quorvel.Quorvel"
+LAUNCHER = f"usr/share/applications/{DESKTOP_ID}.desktop"
 SKIPPED = 77
 ICON_SIZES = (16, 22, 24, 32, 48, 64, 128, 256, 512)
 CLIENT_FILES = {
     "usr/bin/quorvel",
-    f"usr/share/applications/{DESKTOP_ID}.desktop",
+    LAUNCHER,
     f"usr/share/dbus-1/services/{DESKTOP_ID}.service",
     f"usr/share/metainfo/{DESKTOP_ID}.metainfo.xml",
     *(f"usr/share/icons/hicolor/{size}x{size}/apps/{DESKTOP_ID}.png" for size in ICON_SIZES),
@@ -38,6 +41,8 @@ CLIENT_FILES = {
     "usr/share/doc/quorvel/changelog.gz",
     "usr/share/doc/quorvel/copyright",
 }
+# The bus of a desktop's session, with its tools; nothing that the programs themselves load.
+BUS = ("dbus-daemon", "dbus-bin")
 BRIDGE_FILES = {
     "usr/bin/quorvel-bridge",
     "usr/lib/systemd/user/quorvel-bridge.service",
@@ -65,31 +70,49 @@ def entry(root, path, section):
     return file[section]
 
 
-def windows(desktop, name):
-    """The visible windows of a WM_CLASS."""
+def windows(root, desktop):
+    """The visible windows that the desktop would attribute to the entry."""
+    name = entry(root, LAUNCHER, "Desktop Entry")["StartupWMClass"]
     answer = subprocess.run(["xdotool", "search", "--onlyvisible", "--class", f"^{name}$"],
                             env=desktop.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
                             check=False)
     return answer.stdout.split()
 
 
-def expect_window(root, desktop, section, environment):
-    """Starts what a section of the desktop entry says, sees the window, and ends it."""
-    launcher = f"usr/share/applications/{DESKTOP_ID}.desktop"
-    program = desktop.processes.start(
-        root.command(*shlex.split(entry(root, launcher, section)["Exec"])), BARE | environment)
-    expected = entry(root, launcher, "Desktop Entry")["StartupWMClass"]
+def expect_start_by_hand(root, desktop, section, environment):
+    """What a section of the entry says shows a window with the program's icon."""
+    program = desktop.processes.start(root.command(*shlex.split(entry(root, LAUNCHER, section)["Exec"])),
+                                      BARE | environment)
 
     def shown():
         expect(program.poll() is None, f"The client ended by itself with status {program.returncode}.")
-        return windows(desktop, expected)
+        return windows(root, desktop)
 
-    (window, *_) = wait_for(shown, f"a window of the class {expected}")
+    (window, *_) = wait_for(shown, "the window")
     properties = subprocess.run(["xprop", "-id", window, "_NET_WM_ICON"], env=desktop.environment,
                                 capture_output=True, text=True, check=True).stdout
     expect("Icon (" in properties, f"The window has no icon: {properties}")
     end(program)
-    wait_for(lambda: not windows(desktop, expected), "the window to go")
+    wait_for(lambda: not windows(root, desktop), "the window to go")
+
+
+def expect_start_by_bus(root, desktop, environment):
+    """The bus starts the program by its service file, unseen; a start by hand then shows that one and ends."""
+    by_hand = entry(root, LAUNCHER, "Desktop Action sessions")["Exec"]
+    session = desktop.processes.start(
+        root.command("dbus-run-session", "--", "sh", "-ec",
+                     "dbus-send --session --print-reply --dest=org.freedesktop.DBus / "
+                     f"org.freedesktop.DBus.StartServiceByName string:{DESKTOP_ID} uint32:0 >&2; "
+                     f"{by_hand}; echo handed over; exec cat"),
+        BARE | environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+    expect(session.stdout.readline() == "handed over\n", "The program that the bus started was not called.")
+    (window, *_) = wait_for(lambda: windows(root, desktop), "the window")
+    owner = subprocess.run(["xdotool", "getwindowpid", window], env=desktop.environment,
+                           stdout=subprocess.PIPE, text=True, check=True).stdout
+    os.kill(int(owner), signal.SIGTERM)
+    wait_for(lambda: not windows(root, desktop), "the window to go")
+    session.stdin.close()
+    expect(session.wait() == 0, "The session did not end well.")
 
 
 def expect_bridge(root, desktop):
@@ -110,7 +133,7 @@ def expect_named_files(root):
     for command in (service["Exec"], unit["ExecStart"]):
         program = shlex.split(command)[0]
         expect((root.folder / program.lstrip("/")).is_file(), f"There is no {program}.")
-    launcher = entry(root, f"usr/share/applications/{DESKTOP_ID}.desktop", "Desktop Entry")
+    launcher = entry(root, LAUNCHER, "Desktop Entry")
     expect(launcher["Icon"] == DESKTOP_ID, f"The entry's icon is {launcher['Icon']}.")
 
 
@@ -135,7 +158,8 @@ def prove(packages, folder, desktop):
     installed = Installed()
     stanzas = [Stanza.of_file(package) for package in packages]
     needed = {needed.key: needed for stanza in stanzas for needed in installed.depended_on(stanza)}
-    needed |= {needed.key: needed for needed in installed.closure(installed.essential())}
+    always = installed.essential() + installed.named(BUS)
+    needed |= {needed.key: needed for needed in installed.closure(always)}
     root = CleanRoot(folder, list(needed.values()))
     for package in packages:
         shutil.copy(package, root.folder / "tmp")
@@ -148,8 +172,9 @@ def prove(packages, folder, desktop):
     expect_named_files(root)
     user = {"HOME": "/root", "XDG_RUNTIME_DIR": "/root/run", "DISPLAY": desktop.environment["DISPLAY"]}
     (root.folder / "root/run").mkdir(mode=0o700)
-    expect_window(root, desktop, "Desktop Entry", user)
-    expect_window(root, desktop, "Desktop Action sessions", user)
+    expect_start_by_hand(root, desktop, "Desktop Entry", user)
+    expect_start_by_hand(root, desktop, "Desktop Action sessions", user)
+    expect_start_by_bus(root, desktop, user)
     expect_bridge(root, desktop)
 
     empty(root.folder / "root")
