@@ -97,7 +97,7 @@ def expect_start_by_hand(root, desktop, section, environment):
 
 
 def expect_start_by_bus(root, desktop, environment):
-    """The bus starts the program by its service file, unseen; a start by hand then shows that one and ends."""
+    """The bus starts the program by its service file; a start by hand then calls that one and ends."""
     by_hand = entry(root, LAUNCHER, "Desktop Action sessions")["Exec"]
     session = desktop.processes.start(
         root.command("dbus-run-session", "--", "sh", "-ec",
