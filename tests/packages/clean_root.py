@@ -11,6 +11,9 @@ DPKG = Path("/var/lib/dpkg")
 LEFT_OUT = ("/usr/share/doc/", "/usr/share/man/", "/usr/share/info/", "/usr/share/locale/", "/usr/share/lintian/")
 # Runs in a mount namespace of its own, which takes the mounts along when it ends.
 ENTER = 'mount --rbind /dev "$0/dev" && mount --rbind /proc "$0/proc" && exec chroot "$0" "$@"'
+# As whoever we are, and as the root user of a namespace.
+WAYS = (["--mount"], ["--mount", "--user", "--map-root-user"])
+BARE = {"PATH": "/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin", "LANG": "C.UTF-8"}
 
 
 class NotHere(Exception):
@@ -112,15 +115,14 @@ class CleanRoot:
         (folder / "etc/group").write_text("root:x:0:\n", encoding="ascii")
         (folder / "var/lib/dpkg/status").write_text("".join(f"{stanza.text}\n\n" for stanza in stanzas),
                                                     encoding="utf-8")
-        self._expect_enterable()
+        self._way = self._find_way()
         # As the packages' own scripts would.
         self.run("ldconfig")
         self.run("fc-cache")
 
     def command(self, *arguments):
         """What to start to run a program in here; the process becomes that program."""
-        as_root = [] if os.getuid() == 0 else ["--user", "--map-root-user"]
-        return ["unshare", "--mount", *as_root, "sh", "-c", ENTER, str(self.folder), *map(str, arguments)]
+        return self._command(self._way, *map(str, arguments))
 
     def run(self, *arguments):
         """Runs a program to its end and returns what it printed; raises when it fails."""
@@ -169,14 +171,15 @@ class CleanRoot:
             copy.parent.mkdir(parents=True, exist_ok=True)
             shutil.copy2(original, copy, follow_symlinks=False)
 
-    def _expect_enterable(self):
-        answer = subprocess.run(self.command("true"), env=BARE, capture_output=True, text=True, check=False)
-        if answer.returncode != 0:
-            raise NotHere(f"This machine does not let us enter another root: {answer.stderr.strip()}")
+    def _command(self, way, *arguments):
+        return ["unshare", *way, "sh", "-c", ENTER, str(self.folder), *arguments]
 
-
-BARE = {"PATH": "/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin", "LANG": "C.UTF-8",
-        "DEBIAN_FRONTEND": "noninteractive"}
+    def _find_way(self):
+        for way in WAYS:
+            answer = subprocess.run(self._command(way, "true"), env=BARE, capture_output=True, text=True, check=False)
+            if answer.returncode == 0:
+                return way
+        raise NotHere(f"This machine does not let us enter another root: {answer.stderr.strip()}")
 
 
 def _relations(field):
