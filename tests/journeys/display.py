@@ -9,6 +9,7 @@ import tempfile
 from pathlib import Path
 
 from hands import lay_out_keyboard
+from pictures import FrameBuffer
 from waiting import wait_for
 
 # Larger than the largest window of the journey, so that the window manager never has to move or shrink one.
@@ -63,8 +64,8 @@ def _children_of(parent):
 
 
 class Desktop:
-    """The desktop as a context manager. `environment` is what a program needs to run on it; `home` is its empty
-    home folder."""
+    """The desktop as a context manager. `environment` is what a program needs to run on it; `frame_buffer`
+    is what it shows; `home` is its empty home folder."""
 
     def __enter__(self):
         self.folder = Path(tempfile.mkdtemp(prefix="quorvel-journey-"))
@@ -113,13 +114,15 @@ class Desktop:
     def _start_display(self):
         read, write = os.pipe()
         self.processes.start(
-            ["Xvfb", "-displayfd", str(write), "-screen", "0", SCREEN, "-nolisten", "tcp", "-noreset"],
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", SCREEN, "-nolisten", "tcp", "-noreset",
+             "-fbdir", self.folder],
             self.environment, pass_fds=[write], stderr=subprocess.DEVNULL)
         os.close(write)
         with os.fdopen(read) as numbers:
             number = numbers.readline().strip()
         if not number:
             raise RuntimeError("The virtual display did not start.")
+        self.frame_buffer = FrameBuffer(self.folder / "Xvfb_screen0")
         self.environment["DISPLAY"] = f":{number}"
 
     def _start_bus(self):

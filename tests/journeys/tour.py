@@ -165,8 +165,8 @@ def main():
     arguments = parser.parse_args()
     # Leave through the ends of the `with` statements when asked to stop, as for Ctrl+C.
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
-    album = Album((arguments.output or arguments.build / "tour").resolve())
     with Desktop() as desktop:
+        album = Album((arguments.output or arguments.build / "tour").resolve(), desktop.frame_buffer)
         journey = Journey(arguments.build.resolve(), album, desktop)
         try:
             journey.run()
