@@ -133,7 +133,7 @@ INSTANTIATE_TEST_SUITE_P(Values, BusinessClientRow,
         Row{"TheClientName", R"({"full_name": "null", "client_name": "C"})", {u"C"_s, u""_s, u""_s}},
         Row{"OnlyAnAddress", R"({"client_email": "c@x"})", {u"c@x"_s, u""_s, u""_s}},
         Row{"OtherTypes", R"({"name": 12, "email": true})", {u"12"_s, u"true"_s, u""_s}},
-        Row{"Nothing", "{}", {u""_s, u""_s, u""_s}}),
+        Row{"Nothing", "{}", {u"Unnamed client"_s, u""_s, u""_s}}),
     ByName());
 
 TEST(DashboardRowsOf, KeepTheOrderOfTheRecords)

@@ -1,8 +1,9 @@
 #include "SessionDetailTest.h"
 
-#include "Cases.h"
+#include "FailureKinds.h"
 
 #include <array>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -114,29 +115,29 @@ INSTANTIATE_TEST_SUITE_P(Roles, SessionDetailRoles,
         Holder{"Both", {AppRole::notary, AppRole::admin}, AppRole::client, true, true}),
     ByName());
 
-/// A load fails at the step of that number, counted from 0.
-struct Fault
-{
-    const char* name;
-    qsizetype step;
-    std::optional<int> status; ///< none: the connection fails
-    QByteArray body;
-    QString message;
-};
+/// A load fails at the step of that number, counted from 0, in one way or another.
+using Fault = std::tuple<qsizetype, FailureKind>;
 
 class SessionDetailFaults : public SessionDetailTest, public testing::WithParamInterface<Fault>
 {
 protected:
-    void failAtItsStep(qsizetype first)
+    static qsizetype step() { return std::get<0>(GetParam()); }
+    static const FailureKind& kind() { return std::get<1>(GetParam()); }
+    static bool endsTheSession() { return kind().message.isEmpty(); }
+
+    void failAtItsStep()
     {
-        const Fault& fault = GetParam();
         const QList<QByteArray> good{scheduled, R"([{"id": 1, "message": "Hello"}])", R"([{"id": 2}])"};
-        for (qsizetype step = 0; step < fault.step; ++step)
-            answer(first + step, good.at(step));
-        if (fault.status)
-            answer(first + fault.step, fault.body, *fault.status);
-        else
-            fail(first + fault.step);
+        const qsizetype first = requestCount() - 1;
+        for (qsizetype number = 0; number < step(); ++number)
+            answer(first + number, good.at(number));
+        kind().happen(*webSession, first + step());
+        settle();
+    }
+
+    static QList<QString> expectedAlert()
+    {
+        return endsTheSession() ? QList<QString>() : QList<QString>{u"Cannot Load Session"_s, kind().message};
     }
 };
 
@@ -145,23 +146,23 @@ TEST_P(SessionDetailFaults, EndTheLoadWithOneAlertAndKeepWhatHasArrived)
     int alerts = 0;
     const auto onAlert = model->alert.addNotifier([&] { ++alerts; });
     load();
-    failAtItsStep(0);
-    EXPECT_EQ(alertOf(*model), (QList<QString>{u"Cannot Load Session"_s, GetParam().message}));
-    EXPECT_EQ(alerts, 1);
+    failAtItsStep();
+    EXPECT_EQ(alertOf(*model), expectedAlert());
+    EXPECT_EQ(alerts, endsTheSession() ? 0 : 1);
+    EXPECT_EQ(auth.isSignedIn(), !endsTheSession());
     EXPECT_FALSE(model->isLoading.value());
-    EXPECT_EQ(requestCount(), GetParam().step + 1) << "nothing more is asked for";
-    EXPECT_EQ(model->session().has_value(), GetParam().step > 0);
-    EXPECT_EQ(model->hasMessages.value(), GetParam().step > 1);
-    EXPECT_EQ(model->hasDocuments.value(), GetParam().step > 2);
-    EXPECT_TRUE(auth.isSignedIn());
+    EXPECT_EQ(requestCount(), step() + 1) << "nothing more is asked for";
+    EXPECT_EQ(model->session().has_value(), step() > 0);
+    EXPECT_EQ(model->hasMessages.value(), step() > 1);
+    EXPECT_EQ(model->hasDocuments.value(), step() > 2);
 }
 
 TEST_P(SessionDetailFaults, LeaveAnEarlierLoadOnScreen)
 {
     loadWhole();
     load();
-    failAtItsStep(4);
-    EXPECT_EQ(alertOf(*model), (QList<QString>{u"Cannot Load Session"_s, GetParam().message}));
+    failAtItsStep();
+    EXPECT_EQ(alertOf(*model), expectedAlert());
     EXPECT_EQ(model->session()->status(), u"scheduled"_s);
     EXPECT_EQ(model->messages()->messages().size(), 1);
     EXPECT_EQ(model->documents()->documents().size(), 1);
@@ -172,8 +173,10 @@ TEST_P(SessionDetailFaults, LeaveAnEarlierLoadOnScreen)
 TEST_P(SessionDetailFaults, AreOverWithTheNextLoad)
 {
     load();
-    failAtItsStep(0);
+    failAtItsStep();
     model->dismissAlert();
+    if (endsTheSession())
+        signIn(account(u"Maya"_s, {AppRole::notary, AppRole::admin}), AppRole::admin);
     loadWhole();
     EXPECT_TRUE(alertOf(*model).isEmpty());
     EXPECT_EQ(model->session()->id, 7);
@@ -183,36 +186,15 @@ TEST_P(SessionDetailFaults, AreOverWithTheNextLoad)
     EXPECT_FALSE(model->isLoading.value());
 }
 
-QList<Fault> faults()
-{
-    const QString connection = u"Connection problem. Please check your internet connection and try again."_s;
-    const QString unreadable = u"We could not complete that request. Please try again."_s;
-    const QList<Fault> ways{
-        {"Connection", 0, std::nullopt, {}, connection},
-        {"Server", 0, 500, R"({"message": "Try later."})", u"Try later."_s},
-        {"Forbidden", 0, 403, R"({"message": "Forbidden"})", u"You do not have access to that section."_s},
-        {"Missing", 0, 404, R"({"message": "No such record."})", u"No such record."_s},
-        {"Redirect", 0, 302, "{}", unreadable},
-        {"Html", 0, 502, "<html><body>Bad gateway</body></html>",
-            u"We could not complete that request. Please try again or contact support."_s},
-    };
-    QList<Fault> faults;
-    for (qsizetype step = 0; step < 4; ++step) {
-        for (Fault fault : ways) {
-            fault.step = step;
-            faults += fault;
-        }
-    }
-    return faults;
-}
-
-std::string stepAndWay(const testing::TestParamInfo<Fault>& row)
+std::string stepAndKind(const testing::TestParamInfo<Fault>& row)
 {
     const std::array steps{"Session", "Messages", "Documents", "Notaries"};
-    return std::string(steps.at(size_t(row.param.step))) + row.param.name;
+    const auto& [step, kind] = row.param;
+    return steps.at(size_t(step)) + kind.name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Steps, SessionDetailFaults, testing::ValuesIn(faults()), stepAndWay);
+INSTANTIATE_TEST_SUITE_P(Steps, SessionDetailFaults,
+    testing::Combine(testing::Range<qsizetype>(0, 4), testing::ValuesIn(failureKinds())), stepAndKind);
 
 TEST_F(SessionDetailTest, AnAnswerThatIsNoObjectIsNoSession)
 {
@@ -238,16 +220,6 @@ protected:
 
     qsizetype waiting() const { return requestCount() - 1; }
 };
-
-TEST_P(SessionDetailSteps, AnExpiredSessionSignsOutWithoutAWord)
-{
-    loadUpToItsStep();
-    answer(waiting(), "{}", 401);
-    EXPECT_FALSE(auth.isSignedIn());
-    EXPECT_TRUE(alertOf(*model).isEmpty());
-    EXPECT_FALSE(model->isLoading.value());
-    EXPECT_EQ(requestCount(), GetParam() + 1);
-}
 
 TEST_P(SessionDetailSteps, AfterASignOutNothingMoreIsAskedForOrShown)
 {

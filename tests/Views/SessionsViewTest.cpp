@@ -1,10 +1,12 @@
 #include "Sessions/SessionsView.h"
 
 #include "Components/AlertDialog.h"
+#include "Components/Button.h"
 #include "Components/ComboBox.h"
 #include "Components/EmptyStateView.h"
 #include "Components/LoadingLine.h"
 #include "Components/SearchField.h"
+#include "Launch.h"
 #include "Lists/RowListView.h"
 #include "ScreensViewTest.h"
 #include "Sessions/SessionDetailView.h"
@@ -12,6 +14,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLabel>
+#include <QTemporaryFile>
 
 using namespace Qt::StringLiterals;
 
@@ -168,6 +171,38 @@ TEST_F(SessionsViewTest, AFailedReloadIsOneAlertAndKeepsTheList)
     const auto* alert = view->findChild<AlertDialog*>();
     ASSERT_NE(alert, nullptr);
     EXPECT_EQ(alert->title(), u"Cannot Load Sessions"_s);
+    EXPECT_EQ(rows().size(), 3);
+}
+
+TEST_F(SessionsViewTest, FailuresOfAllPartsAtOnceAreOneAlert)
+{
+    openLoaded();
+    for (const qsizetype number : {1, 2, 3})
+        answer(number, number == 1 ? R"({"id": 2})" : "[]");
+    const std::shared_ptr<SessionDetailModel> detail = model->detail();
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open());
+    detail->documents()->addUploads({QUrl::fromLocalFile(file.fileName())});
+    detail->messages()->newMessage = u"Hello"_s;
+    launch(detail->messages()->sendMessage());
+    launch(detail->documents()->uploadPendingFiles());
+    model->refresh();
+    settle();
+    ASSERT_EQ(requestCount(), 8);
+    for (const qsizetype number : {4, 5, 6, 7})
+        fail(number);
+
+    const auto alerts = view->findChildren<AlertDialog*>();
+    ASSERT_EQ(alerts.size(), 1);
+    EXPECT_TRUE(alerts.constFirst()->isVisible());
+    EXPECT_EQ(alerts.constFirst()->title(), alertOf(*detail).value(0)) << "the one that came last";
+    click(named<Button>(*alerts.constFirst(), u"OK"_s));
+    EXPECT_FALSE(isShown<AlertDialog>());
+    const QList<QList<QString>> left{
+        alertOf(*model), alertOf(*detail), alertOf(*detail->messages()), alertOf(*detail->documents())};
+    EXPECT_THAT(left, testing::Each(testing::IsEmpty())) << "none comes up again";
+    EXPECT_EQ(detail->messages()->newMessage.value(), u"Hello"_s);
+    EXPECT_EQ(detail->documents()->pendingUploads().size(), 1);
     EXPECT_EQ(rows().size(), 3);
 }
 

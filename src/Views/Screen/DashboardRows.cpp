@@ -52,5 +52,8 @@ RowTexts DashboardRows::businessClient(const JSONObject& client)
 {
     const QString name
         = client.string(u"name"_s, client.string(u"full_name"_s, client.string(u"client_name"_s)));
-    return row(0, {name, client.string(u"email"_s, client.string(u"client_email"_s))});
+    RowTexts made = row(0, {name, client.string(u"email"_s, client.string(u"client_email"_s))});
+    if (made.title.isEmpty())
+        made.title = u"Unnamed client"_s;
+    return made;
 }

@@ -16,7 +16,7 @@ RowTexts recentSession(const SessionSummary& session);
 RowTexts assignedSession(const SessionSummary& session);
 /// The same without the status: a button stands in its place.
 RowTexts openCall(const SessionSummary& session);
-/// Name and e-mail address. Such a row is only read and has no id.
+/// Name and e-mail address, or that there is neither. Such a row is only read and has no id.
 RowTexts businessClient(const JSONObject& client);
 
 /// The rows of a whole list, one a record.

@@ -121,6 +121,8 @@ QCoro::Task<> SessionDetailModel::loadAll(Turn turn, QString token)
 void SessionDetailModel::close()
 {
     EditPaneModel::close();
+    messages_->close();
+    documents_->close();
     loads_.next();
     isLoading = false;
 }

@@ -79,7 +79,7 @@ QCoro::Task<> SessionDocumentsModel::uploadPendingFiles()
     if (isComplete)
         showUploadProgress(turn, u"Upload complete."_s, 1);
     // Beside the failure that is on screen already, another one would only hide it.
-    if (!sent->isEmpty())
+    if (!sent->isEmpty() && !isClosed_)
         co_await load(isComplete ? Failures::shown : Failures::hidden);
 }
 

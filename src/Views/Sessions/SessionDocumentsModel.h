@@ -39,6 +39,10 @@ public:
 
     bool hasUnsentWork() const override { return !pendingUploads().isEmpty(); }
 
+    /// Nobody looks at the documents any more: an upload still runs to its end, but nothing is loaded after
+    /// it.
+    void close() { isClosed_ = true; }
+
 signals:
     /// The list was loaded anew.
     void documentsChanged();
@@ -55,4 +59,5 @@ private:
     QList<RemoteDocumentUpload> documents_;
     Turns loads_;
     Turns uploads_;
+    bool isClosed_ = false;
 };

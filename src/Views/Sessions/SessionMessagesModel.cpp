@@ -74,7 +74,7 @@ QCoro::Task<> SessionMessagesModel::sendMessage()
     if (hasArrived)
         clearSent(written);
     isSending = false;
-    if (hasArrived)
+    if (hasArrived && !isClosed_)
         co_await loadMessages();
 }
 

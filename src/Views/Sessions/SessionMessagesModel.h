@@ -38,6 +38,10 @@ public:
 
     bool hasUnsentWork() const override { return !newMessage.value().trimmed().isEmpty(); }
 
+    /// Nobody looks at the thread any more: a message on its way still arrives, but nothing is loaded after
+    /// it.
+    void close() { isClosed_ = true; }
+
 signals:
     /// The thread is another than before.
     void messagesChanged();
@@ -49,4 +53,5 @@ private:
     QList<SessionMessage> messages_;
     Turns loads_;
     Turns sendings_;
+    bool isClosed_ = false;
 };
