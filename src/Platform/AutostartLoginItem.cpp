@@ -50,12 +50,12 @@ std::optional<bool> isStarted(const QString& path)
         && (required.isEmpty() || canBeStarted(required));
 }
 
-/// The format forbids an equals sign in the path of a program, and desktops disagree about control
-/// characters.
+/// The format forbids an equals sign in the path of a program; desktops disagree about control characters,
+/// and some find no program with a percent sign in its path, however it is written.
 bool canBeNamed(const QByteArray& program)
 {
-    return std::none_of(
-        program.begin(), program.end(), [](char letter) { return letter == '=' || quint8(letter) < ' '; });
+    return std::none_of(program.begin(), program.end(),
+        [](char letter) { return letter == '=' || letter == '%' || quint8(letter) < ' '; });
 }
 
 DesktopEntry::Keys entryOf(const QString& id, const QByteArray& program)

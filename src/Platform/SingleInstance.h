@@ -27,8 +27,8 @@ public:
     struct Wish
     {
         bool comesForward = true; ///< the window is to be shown, as with any action
-        QString action; ///< id of an action of the program's desktop entry; empty for none
-        QVariantMap platformData; ///< with what the desktop lets a window come to the front
+        QString action = {}; ///< id of an action of the program's desktop entry; empty for none
+        QVariantMap platformData = {}; ///< with what the desktop lets a window come to the front
 
         /// The permission that the desktop gave to this start. Qt takes part of it out of the environment
         /// when the application object is made.

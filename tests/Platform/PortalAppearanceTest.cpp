@@ -1,15 +1,11 @@
 #include "PortalAppearance.h"
 
+#include "SessionBus.h"
 #include "support/Await.h"
 
-#include <QDBusConnection>
 #include <QDBusContext>
 #include <QDBusMessage>
 #include <QDBusVariant>
-#include <QProcess>
-#include <QStandardPaths>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
@@ -63,34 +59,10 @@ private:
     const Age age_;
 };
 
-/// A message bus of our own, and on it what the desktop and the client see.
-class PortalAppearanceTest : public testing::Test
+/// A bus on which the desktop and the client see each other.
+class PortalAppearanceTest : public SessionBusTest
 {
 protected:
-    void SetUp() override
-    {
-        if (QStandardPaths::findExecutable(u"dbus-daemon"_s).isEmpty())
-            GTEST_SKIP() << "there is no dbus-daemon";
-        daemon.start(
-            u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s, u"--print-address"_s});
-        ASSERT_TRUE(daemon.waitForReadyRead(-1));
-        address = QString::fromUtf8(daemon.readLine()).trimmed();
-    }
-
-    void TearDown() override
-    {
-        for (const QString& name : names)
-            QDBusConnection::disconnectFromBus(name);
-        daemon.kill();
-        daemon.waitForFinished(-1);
-    }
-
-    QDBusConnection connection(const QString& name)
-    {
-        names += name;
-        return QDBusConnection::connectToBus(address, name);
-    }
-
     void provide(FakePortal& portal)
     {
         QDBusConnection desktop = connection(u"desktop"_s);
@@ -104,10 +76,6 @@ protected:
         signal.setArguments({group, key, QVariant::fromValue(QDBusVariant(value))});
         connection(u"desktop"_s).send(signal);
     }
-
-    QProcess daemon;
-    QString address;
-    QStringList names;
 };
 
 TEST_F(PortalAppearanceTest, AsksWithoutWaiting)
