@@ -161,23 +161,6 @@ TEST_F(SessionDetailTest, AHalfWrittenMessageAndPendingFilesAreUnfinished)
     EXPECT_EQ(model->unfinished(), Unfinished::nothing);
 }
 
-TEST_F(SessionDetailTest, AMessageOnItsWayIsWorkAndThenNothing)
-{
-    QObject screen;
-    leaving.watch(&screen, [this] { return model->unfinished(); });
-    loadWhole();
-    model->messages()->newMessage = u"Thank you"_s;
-    launch(model->messages()->sendMessage());
-    settle();
-    EXPECT_EQ(model->unfinished(), Unfinished::work);
-    bool left = false;
-    leaving.leave([&] { left = true; });
-    EXPECT_FALSE(left);
-    answer(requestCount() - 1, "{}");
-    EXPECT_TRUE(left) << "as soon as the message has arrived";
-    answer(requestCount() - 1, "[]");
-}
-
 // Pickers
 
 using Choices = QList<SessionDetailModel::Choice>;

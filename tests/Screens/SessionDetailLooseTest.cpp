@@ -2,8 +2,6 @@
 
 #include "Cases.h"
 
-#include <QTemporaryFile>
-
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -141,31 +139,6 @@ TEST_F(SessionDetailTest, ANotarysIdAsTextIsAnId)
         (QList<SessionDetailModel::Choice>{{u"Maya Whitfield"_s, u"12"_s}, {u"Noor Haddad"_s, u"13"_s}}));
     start(&SessionDetailModel::saveAdmin);
     EXPECT_EQ(body(4).value(u"assigned_notary_id"_s), QJsonValue(12));
-}
-
-/// What is on its way when another session is looked at still arrives, and nothing is loaded after it.
-TEST_F(SessionDetailTest, OnceClosedAMessageAndAnUploadArriveAndNothingFollows)
-{
-    loadWhole();
-    QTemporaryFile file;
-    ASSERT_TRUE(file.open() && file.write("a") == 1 && file.flush());
-    model->documents()->addUploads({QUrl::fromLocalFile(file.fileName())});
-    launch(model->documents()->uploadPendingFiles());
-    settle();
-    model->messages()->newMessage = u"Hello"_s;
-    launch(model->messages()->sendMessage());
-    settle();
-    EXPECT_EQ(linesFrom(4),
-        (QList<QString>{
-            u"POST /remote-notary/sessions/7/documents"_s, u"POST /remote-notary/sessions/7/messages"_s}));
-    model->close();
-    answer(4, "{}");
-    answer(5, "{}");
-    EXPECT_EQ(requestCount(), 6);
-    EXPECT_TRUE(model->messages()->newMessage.value().isEmpty());
-    EXPECT_TRUE(model->documents()->pendingUploads().isEmpty());
-    EXPECT_FALSE(model->messages()->isSending.value());
-    EXPECT_FALSE(model->documents()->isUploadingFiles.value());
 }
 
 } // namespace
