@@ -174,4 +174,14 @@ INSTANTIATE_TEST_SUITE_P(Notaries, NotaryRow,
             true}),
     ByName());
 
+TEST_F(AdminNotariesModelTest, NotariesWithoutAnIdAreToldApartByAllThatTheySay)
+{
+    loadJson(R"([{"name": "A"}, {"name": "B"}])");
+    EXPECT_EQ(loadedIds(), (QList<qint64>{0, 0}));
+    model->select(1);
+    loadJson(R"([{"name": "C"}, {"name": "A"}, {"name": "B"}])");
+    EXPECT_EQ(selectedTitle(), u"B"_s);
+    EXPECT_EQ(name(), u"B"_s);
+}
+
 } // namespace

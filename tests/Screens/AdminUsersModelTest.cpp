@@ -197,7 +197,7 @@ TEST_F(AdminUsersModelTest, UsersWithoutAnIdHaveTheIdZero)
     loadJson(R"([{"name": "A"}, {"name": "B"}])");
     EXPECT_EQ(loadedIds(), (QList<qint64>{0, 0}));
     model->select(1);
-    loadJson(R"([{"name": "B"}, {"name": "A"}])");
+    loadJson(R"([{"name": "C"}, {"name": "A"}, {"name": "B"}])");
     EXPECT_EQ(selectedTitle(), u"B"_s) << "told apart by all that they say";
     save();
     EXPECT_EQ(line(2), u"POST /admin/users/0"_s);
