@@ -151,6 +151,25 @@ TEST_F(AdminViewTest, WhatIsTypedIntoARecordIsSaved)
         "document_type": "", "scheduled_date": "", "scheduled_time": "2 PM", "notes": "Fine"}})"));
 }
 
+TEST_F(AdminViewTest, TextsThatAFieldShowsDifferentlyAreNoEdits)
+{
+    const QByteArray odd
+        = R"("status": "on\r\nhold", "contact_name": "\ta\u2028b\u0001", "contact_email": " a ",
+        "contact_phone": "\u202e555", "document_type": "\u00a0Deed", "notes": "a\r\nb\u00a0c\u2029d\n")";
+    openRecords("[{\"id\": 5, " + odd + "}]");
+    clickRow(0);
+    for (int i = 0; i < 9; ++i)
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    style()->setDark(true);
+    view->resize(700, 600);
+    settle();
+    EXPECT_FALSE(records->detail()->hasEdits());
+    type(u"Time"_s, u"2 PM"_s);
+    click(button(u"Save Record"_s));
+    EXPECT_EQ(body(1).value(u"data"_s).toObject(),
+        object("{" + odd + R"(, "scheduled_date": "", "scheduled_time": "2 PM"})"));
+}
+
 TEST_F(AdminViewTest, TheSwitchOfANotaryIsSaved)
 {
     openNotaries(twoNotaries);
