@@ -13,9 +13,12 @@
 #include "Sessions/SessionsView.h"
 #include "Shell/ContentPane.h"
 #include "Shell/DashboardHomeView.h"
+#include "Shell/MenuBarDropdownModel.h"
 #include "SteadyAppearance.h"
 
 #include <QMenuBar>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -284,4 +287,31 @@ TEST_F(MainWindowTest, ClosingHidesTheWindowAndPresentingBringsItBack)
     EXPECT_FALSE(window.isVisible());
     window.present();
     EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(MainWindowTest, TheStatusMenuBringsTheClosedWindowBackToASection)
+{
+    const MenuBarDropdownModel menu(context, {[this] { window.present(); }, [] {}});
+    const auto choose = [&menu](const QString& title) {
+        const QList<MenuBarDropdownModel::Item> items = menu.items();
+        const auto item = std::find_if(
+            items.begin(), items.end(), [&title](const auto& each) { return each.title == title; });
+        ASSERT_NE(item, items.end());
+        item->action();
+        settle();
+    };
+    signIn(account(u"priya"_s));
+    router.selectedSessionId = 42;
+    window.close();
+    choose(u"Sessions"_s);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(isShowing<SessionsView>());
+    EXPECT_EQ(router.selectedSessionId.value(), std::nullopt);
+    answer(requestCount() - 1, "[]");
+
+    window.close();
+    choose(u"Log Out"_s);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(isShowing<DashboardHomeView>());
+    EXPECT_FALSE(auth.isSignedIn());
 }
