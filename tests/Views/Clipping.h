@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QLayout>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -35,7 +36,10 @@ inline void expectRoomForTexts(const QWidget& in)
         EXPECT_GE(label->height(), label->heightForWidth(label->width())) << nameOf(label);
     });
     checkAll<Button>(in, [](const Button* button) {
-        EXPECT_GE(button->width(), button->sizeHint().width()) << nameOf(button);
+        // A title is cut off only where there is no more room.
+        const QWidget* around = button->parentWidget();
+        const int room = around->layout() ? around->layout()->contentsRect().width() : around->width();
+        EXPECT_GE(button->width(), qMin(button->sizeHint().width(), room)) << nameOf(button);
         EXPECT_GE(button->height(), button->sizeHint().height()) << nameOf(button);
     });
     checkAll<SidebarEntry>(in, [](const SidebarEntry* entry) {
@@ -58,13 +62,26 @@ inline void expectInsideParents(const QWidget& in)
     });
 }
 
+/// Where a widget is, as far as what scrolls within a page lets it be seen.
+inline QRect placeIn(const QWidget& in, const QWidget* widget)
+{
+    QRect place(widget->mapTo(&in, QPoint()), widget->size());
+    QRect outermost = place;
+    for (const QWidget* around = widget->parentWidget(); around && around != &in;
+         around = around->parentWidget()) {
+        if (!qobject_cast<const QAbstractScrollArea*>(around->parentWidget()))
+            continue;
+        outermost = place;
+        place &= QRect(around->mapTo(&in, QPoint()), around->size());
+    }
+    return outermost;
+}
+
 /// No text lies over another one.
 inline void expectTextsApart(const QWidget& in)
 {
     QList<std::pair<const QWidget*, QRect>> places;
-    const auto note = [&](const QWidget* widget) {
-        places.emplace_back(widget, QRect(widget->mapTo(&in, QPoint()), widget->size()));
-    };
+    const auto note = [&](const QWidget* widget) { places.emplace_back(widget, placeIn(in, widget)); };
     checkAll<PlainLabel>(in, note);
     checkAll<Button>(in, note);
     for (qsizetype i = 0; i < places.size(); ++i) {

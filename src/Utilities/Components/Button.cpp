@@ -8,10 +8,14 @@
 #include "Spacing.h"
 #include "Symbols.h"
 
-#include <QKeyEvent>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
+
+/// Of a button whose title is cut off, in pixels of the design.
+static constexpr int narrowest = 88;
 
 struct Button::Metrics
 {
@@ -82,6 +86,13 @@ void Button::setButtonSize(Size size)
     update();
 }
 
+void Button::setElides(bool elides)
+{
+    elides_ = elides;
+    setSizePolicy(elides ? QSizePolicy::Maximum : QSizePolicy::Fixed, QSizePolicy::Fixed);
+    updateGeometry();
+}
+
 void Button::setLoading(bool loading)
 {
     if (loading == loading_)
@@ -112,7 +123,8 @@ QSize Button::sizeHint() const
 
 QSize Button::minimumSizeHint() const
 {
-    return sizeHint();
+    const QSize whole = sizeHint();
+    return elides_ ? QSize(qMin(whole.width(), Type::scaled(narrowest)), whole.height()) : whole;
 }
 
 bool Button::event(QEvent* event)
@@ -127,6 +139,11 @@ bool Button::event(QEvent* event)
         default:
             break;
         }
+    }
+    const bool isCutOff = width() < sizeHint().width();
+    if (event->type() == QEvent::ToolTip && isCutOff && toolTip().isEmpty()) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), PlainText::toolTip(title_), this);
+        return true;
     }
     return QPushButton::event(event);
 }

@@ -23,6 +23,8 @@ public:
     /// \param symbol  empty for none
     void setSystemImage(const QString& symbol);
     void setButtonSize(Size size);
+    /// Lets the title be cut off, and shown whole in the tool tip, where large text leaves too little room.
+    void setElides(bool elides);
 
     bool isLoading() const { return loading_; }
     void setLoading(bool loading);
@@ -61,5 +63,6 @@ private:
     QString symbol_;
     Size size_ = Size::regular;
     bool loading_ = false;
+    bool elides_ = false;
     ArcAnimation* arc_;
 };

@@ -4,7 +4,10 @@
 
 #include <QGridLayout>
 
+#include <algorithm>
+
 static constexpr int wideFrom = 500;
+static constexpr int narrowFrom = 160;
 
 FieldGrid::FieldGrid(QWidget* parent) : QWidget(parent), grid_(new QGridLayout(this))
 {
@@ -21,11 +24,20 @@ void FieldGrid::add(QWidget* field, Share wide, Share narrow)
     arrange();
 }
 
+/// No wider than the widest field, so that there can be too little room for two.
+QSize FieldGrid::minimumSizeHint() const
+{
+    int widest = 0;
+    for (const Cell& cell : cells_)
+        widest = std::max(widest, cell.field->minimumSizeHint().width());
+    return {widest, QWidget::minimumSizeHint().height()};
+}
+
 void FieldGrid::arrange()
 {
     int place = 0;
     for (const Cell& cell : cells_) {
-        const Share share = wide_ ? cell.wide : cell.narrow;
+        const Share share = rows_ == Rows::wide ? cell.wide : rows_ == Rows::narrow ? cell.narrow : whole;
         // Bottom edges agree, also beside a field that has no caption above it.
         grid_->addWidget(cell.field, place / whole, place % whole, 1, share, Qt::AlignBottom);
         place += share;
@@ -34,7 +46,9 @@ void FieldGrid::arrange()
 
 void FieldGrid::resizeEvent(QResizeEvent*)
 {
-    const bool wide = width() >= Type::scaled(wideFrom);
-    if (wide != std::exchange(wide_, wide))
+    Rows rows = Rows::wide;
+    if (width() < Type::scaled(wideFrom))
+        rows = width() < Type::scaled(narrowFrom) ? Rows::single : Rows::narrow;
+    if (rows != std::exchange(rows_, rows))
         arrange();
 }

@@ -4,9 +4,9 @@
 
 class QGridLayout;
 
-/// The fields of an edit pane in rows: three side by side where the grid is wide, two where it is narrow. A
-/// field may take more room than one of them. Fields keep the order in which they were added, row by row, and
-/// the Tab key follows it.
+/// The fields of an edit pane in rows: three side by side where the grid is wide, two where it is narrow, and
+/// one where large text leaves no room for two. A field may take more room than one of them. Fields keep the
+/// order in which they were added, row by row, and the Tab key follows it.
 class FieldGrid : public QWidget
 {
     Q_OBJECT
@@ -26,7 +26,8 @@ public:
     /// Appends a field. In each of the two arrangements the shares of a row's fields make up a whole.
     void add(QWidget* field, Share wide, Share narrow);
 
-    bool isWide() const { return wide_; }
+    bool isWide() const { return rows_ == Rows::wide; }
+    QSize minimumSizeHint() const override;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -38,9 +39,15 @@ private:
         Share wide;
         Share narrow;
     };
+    enum class Rows
+    {
+        single,
+        narrow,
+        wide
+    };
     void arrange();
 
     QGridLayout* grid_;
     QList<Cell> cells_;
-    bool wide_ = false;
+    Rows rows_ = Rows::narrow;
 };

@@ -1,5 +1,6 @@
 #include "LoadingLine.h"
 
+#include "Accessibility.h"
 #include "ArcAnimation.h"
 #include "Layouts.h"
 #include "Paint.h"
@@ -19,6 +20,9 @@ constexpr int gap = 8;
 LoadingLine::LoadingLine(const QString& text, QWidget* parent)
     : QWidget(parent), text_(new PlainLabel(text, Type::body, Brand::steel)), arc_(new ArcAnimation(this))
 {
+    Accessibility::setRole(this, QAccessible::Animation);
+    Accessibility::setBusy(this, true);
+    setAccessibleName(text);
     text_->setFit(PlainLabel::Fit::elide);
     auto* row = Layouts::row(0);
     row->addSpacing(IconSize::button() + gap);
@@ -29,6 +33,7 @@ LoadingLine::LoadingLine(const QString& text, QWidget* parent)
 
 void LoadingLine::setText(const QString& text)
 {
+    setAccessibleName(text);
     text_->setText(text);
 }
 

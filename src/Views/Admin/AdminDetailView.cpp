@@ -6,6 +6,7 @@
 #include "Components/DestructiveButton.h"
 #include "Components/PrimaryButton.h"
 #include "Components/SectionTitle.h"
+#include "Components/StackingRow.h"
 #include "Launch.h"
 #include "Layouts.h"
 #include "Lists/WorkButtons.h"
@@ -63,9 +64,10 @@ void AdminDetailView::addButtons()
     showWork(save, *model_, Work::adminChanges);
     connect(save, &Button::clicked, this, [this] { launch(model_->save()); });
 
-    auto* buttons = Layouts::row(Spacing::buttons, {remove});
+    auto* buttons = new StackingRow(Spacing::buttons);
+    buttons->add(remove);
     buttons->addStretch();
-    buttons->addWidget(save);
+    buttons->add(save);
     card_->add(buttons, betweenParts);
 }
 

@@ -74,13 +74,14 @@ ScheduleSection::ScheduleSection(BookRemoteNotaryModel& model)
     auto* asap = FieldRows::switchRow(u"ASAP, earliest available"_s);
     bind(asap, model.asap);
     QWidget* appointment = makeAppointment(model);
-    follow(appointment, model.asap, [appointment](bool on) { appointment->setVisible(!on); });
 
     auto* rows = Layouts::column(betweenRows, {asap, appointment});
     rows->setAlignment(asap, Qt::AlignLeading);
     add(new SectionTitle(
         u"Preferred Date & Time"_s, u"Choose ASAP or schedule a future appointment time."_s));
     add(rows, Spacing::fieldsDown);
+    // In its place first: shown before, it would be a window of its own for a moment.
+    follow(appointment, model.asap, [appointment](bool on) { appointment->setVisible(!on); });
 }
 
 QWidget* ScheduleSection::makeAppointment(BookRemoteNotaryModel& model)
@@ -90,11 +91,6 @@ QWidget* ScheduleSection::makeAppointment(BookRemoteNotaryModel& model)
     picker->setFixedWidth(Type::scaled(pickerWidth));
 
     auto* newYork = new PlainLabel({}, Type::small, Brand::steel);
-    follow(newYork, model.scheduledDate, [newYork, &model](const QDateTime&) {
-        const QString text = model.newYorkTimeText();
-        newYork->setText(text);
-        newYork->setVisible(!text.isEmpty());
-    });
     auto* blocked = new PlainLabel(u"Past dates and times are blocked."_s, Type::small, Brand::steel);
 
     auto* notes = Layouts::column(0);
@@ -102,5 +98,11 @@ QWidget* ScheduleSection::makeAppointment(BookRemoteNotaryModel& model)
     notes->addWidget(newYork);
     notes->addWidget(blocked);
     notes->addStretch();
-    return new Appointment(picker, notes);
+    auto* appointment = new Appointment(picker, notes);
+    follow(newYork, model.scheduledDate, [newYork, &model](const QDateTime&) {
+        const QString text = model.newYorkTimeText();
+        newYork->setText(text);
+        newYork->setVisible(!text.isEmpty());
+    });
+    return appointment;
 }

@@ -9,9 +9,11 @@
 #include "Lists/RowListView.h"
 #include "Paint.h"
 #include "Palette.h"
+#include "PaneKeys.h"
 #include "PlainText.h"
 #include "Shell/ContentPane.h"
 #include "Spacing.h"
+#include "TabOrder.h"
 #include "Type.h"
 
 #include <QKeyEvent>
@@ -38,6 +40,7 @@ ListDetailView::ListDetailView(
     auto* column = Layouts::column(0, {makeHeader(), new SoftDivider});
     column->addWidget(makeListArea(texts), 1);
     pane_->setLayout(column);
+    PaneKeys::mark(pane_);
     search_->installEventFilter(this);
     connect(&rows, &QAbstractItemModel::modelReset, this, &ListDetailView::updateListArea);
     updateListArea();
@@ -81,7 +84,27 @@ void ListDetailView::setSubtitle(const QString& subtitle)
 void ListDetailView::addAction(QWidget* button)
 {
     titleRow_->addWidget(button, 0, Qt::AlignLeft | Qt::AlignVCenter);
+    actions_ += button;
     arrangeTitle();
+}
+
+/// Where the Tab key comes from to a control; null when nothing else takes the focus.
+static QWidget* stopBefore(const QWidget* control)
+{
+    QWidget* stop = control->previousInFocusChain();
+    while (stop != control && !(stop->focusPolicy() & Qt::TabFocus))
+        stop = stop->previousInFocusChain();
+    return stop == control ? nullptr : stop;
+}
+
+/// The buttons were made later than the search, and stand before it.
+void ListDetailView::showEvent(QShowEvent*)
+{
+    for (QWidget* action : std::as_const(actions_)) {
+        QWidget* before = stopBefore(search_);
+        if (before && before != action)
+            setTabOrder(before, action);
+    }
 }
 
 /// In a large text size the buttons go below the title.
@@ -98,6 +121,10 @@ void ListDetailView::addFilter(QWidget* filter)
 {
     filters_->setContentsMargins(0, Spacing::fieldsAcross, 0, 0);
     filters_->addWidget(filter);
+    TabOrder::append(search_, {filter});
+    // What hands its focus on is no control of its own to assistive technology.
+    if (filter->focusProxy())
+        filter->setFocusPolicy(Qt::NoFocus);
 }
 
 void ListDetailView::setLoading(bool loading)
@@ -108,10 +135,14 @@ void ListDetailView::setLoading(bool loading)
 
 void ListDetailView::updateListArea()
 {
-    if (list_->model()->rowCount() > 0)
-        listArea_->setCurrentWidget(list_);
-    else
-        listArea_->setCurrentWidget(loading_ ? loadingPlace_ : emptyPlace_);
+    QWidget* shown = list_;
+    if (list_->model()->rowCount() == 0)
+        shown = loading_ ? loadingPlace_ : emptyPlace_;
+    // In large text the header needs the room that the hidden ones would ask for.
+    for (QWidget* place : {static_cast<QWidget*>(list_), loadingPlace_, static_cast<QWidget*>(emptyPlace_)})
+        place->setSizePolicy(
+            QSizePolicy::Preferred, place == shown ? QSizePolicy::Preferred : QSizePolicy::Ignored);
+    listArea_->setCurrentWidget(shown);
 }
 
 void ListDetailView::setDetail(QWidget* detail)
@@ -125,6 +156,7 @@ void ListDetailView::setDetail(QWidget* detail)
     }
     detail_ = detail;
     detail_->setParent(this);
+    PaneKeys::mark(detail_);
     arrange();
     detail_->show();
 }

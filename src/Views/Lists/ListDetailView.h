@@ -52,6 +52,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     QWidget* makeHeader();
@@ -67,6 +68,7 @@ private:
     PlainLabel* subtitle_;
     SearchField* search_;
     QHBoxLayout* filters_;
+    QList<QWidget*> actions_;
     RowListView* list_;
     QStackedLayout* listArea_;
     QWidget* loadingPlace_;

@@ -9,10 +9,10 @@
 #include "Components/PrimaryButton.h"
 #include "Components/QuestionDialog.h"
 #include "Components/SectionTitle.h"
+#include "Components/StackingRow.h"
 #include "Components/Switch.h"
 #include "Components/TextField.h"
 #include "Launch.h"
-#include "Layouts.h"
 #include "Lists/WorkButtons.h"
 #include "Sessions/SessionDetailModel.h"
 
@@ -72,7 +72,7 @@ static FieldGrid* scheduleFields(SessionDetailModel& model)
     return grid;
 }
 
-static Card* card(const QString& title, FieldGrid* fields, QLayout* buttons)
+static Card* card(const QString& title, FieldGrid* fields, QWidget* buttons)
 {
     auto* made = new Card({new SectionTitle(title), fields});
     made->add(buttons, Spacing::fieldsDown);
@@ -95,9 +95,10 @@ Card* SessionControls::notary(SessionDetailModel& model)
     auto* save = new PrimaryButton(u"Save Notary Update"_s);
     showWork(save, model, Work::notaryUpdate);
     QObject::connect(save, &Button::clicked, save, [&model] { launch(model.saveNotary()); });
-    auto* buttons = Layouts::row(Spacing::buttons);
+    save->setElides(true);
+    auto* buttons = new StackingRow(Spacing::buttons);
     buttons->addStretch();
-    buttons->addWidget(save);
+    buttons->add(save);
     return card(u"Notary Controls"_s, fields, buttons);
 }
 
@@ -109,6 +110,7 @@ Card* SessionControls::admin(SessionDetailModel& model)
 
     auto* remove = new DestructiveButton(u"Delete Session"_s, u"trash"_s);
     auto* save = new PrimaryButton(u"Save Admin Changes"_s);
+    remove->setElides(true);
     showWork(remove, model, Work::deletion);
     showWork(save, model, Work::adminChanges);
     QObject::connect(remove, &Button::clicked, remove, [remove, &model] {
@@ -116,8 +118,10 @@ Card* SessionControls::admin(SessionDetailModel& model)
         QObject::connect(question, &QDialog::accepted, remove, [&model] { launch(model.deleteSession()); });
     });
     QObject::connect(save, &Button::clicked, save, [&model] { launch(model.saveAdmin()); });
-    auto* buttons = Layouts::row(Spacing::buttons, {remove});
+    save->setElides(true);
+    auto* buttons = new StackingRow(Spacing::buttons);
+    buttons->add(remove);
     buttons->addStretch();
-    buttons->addWidget(save);
+    buttons->add(save);
     return card(u"Admin Controls"_s, fields, buttons);
 }

@@ -14,6 +14,8 @@ using namespace Qt::StringLiterals;
 static constexpr int besideChip = 12;
 static constexpr int besideDivider = 12;
 static constexpr int dividerHeight = 1;
+/// In large text, so that the button beside it is whole.
+static constexpr int leastTitle = 24;
 
 static PlainLabel* line(const QString& text, const Type::Style& style, Brand::Tone tone)
 {
@@ -34,7 +36,9 @@ SessionDocumentRow::SessionDocumentRow(const RemoteDocumentUpload& document, Div
     connect(open_, &Button::clicked, this, &SessionDocumentRow::openRequested);
 
     auto* top = Layouts::row(Spacing::fieldsAcross);
-    top->addWidget(line(name, Type::strong, Brand::ink), 1, Qt::AlignVCenter);
+    PlainLabel* title = line(name, Type::strong, Brand::ink);
+    title->setMinimumWidth(leastTitle);
+    top->addWidget(title, 1, Qt::AlignVCenter);
     top->addWidget(open_);
     auto* texts = Layouts::column(0);
     texts->addLayout(top);

@@ -74,6 +74,7 @@ void SessionDocumentsCard::addDropArea()
             u"The desktop app does not impose a file-count limit. Your server upload settings still control "
             "maximum file size."_s});
     choose_ = new SecondaryButton(u"Choose Files for This Session"_s);
+    choose_->setElides(true);
     area->addButton(choose_);
     connect(choose_, &Button::clicked, this, &SessionDocumentsCard::choose);
     connect(area, &DropArea::filesDropped, model_.get(), &UploadsModel::addRegularFiles);
@@ -88,6 +89,7 @@ void SessionDocumentsCard::choose()
 void SessionDocumentsCard::addUploadButton()
 {
     auto* upload = new PrimaryButton(u"Upload Files to Session"_s);
+    upload->setElides(true);
     connect(upload, &Button::clicked, this, [this] { launch(model_->uploadPendingFiles()); });
     follow(upload, model_->isUploadingFiles, [upload](bool uploading) { upload->setLoading(uploading); });
     const auto enable = [this, upload] { upload->setEnabled(!model_->pendingUploads().isEmpty()); };

@@ -15,7 +15,8 @@ using namespace Qt::StringLiterals;
 static constexpr int chipEdge = 28;
 static constexpr int symbolEdge = 14;
 static constexpr int besideChip = 12;
-static constexpr int widestTime = 160;
+static constexpr int leastName = 24;
+static constexpr int leastTime = 100;
 /// Keeps the text clear of the scroll bar, which lies over the edge.
 static constexpr int scrollBarRoom = 12;
 
@@ -59,13 +60,14 @@ QWidget* SessionMessageRow::makeHeader(const SessionMessage& message)
 {
     auto* name = new PlainLabel(message.senderName, Type::strong);
     name->setFit(PlainLabel::Fit::elide);
+    name->setMinimumWidth(leastName);
     QStringList about{message.senderName, SessionMessagesModel::roleTitle(message), message.senderEmail};
     about.removeAll(QString());
     name->setToolTip(PlainText::toolTip(about.join(u'\n')));
     auto* time = new PlainLabel(message.createdAt, Type::small, Brand::steel);
     time->setFit(PlainLabel::Fit::elide);
     // A long name gives way to the time, unless that is no time at all.
-    time->setMinimumWidth(std::min(time->sizeHint().width(), Type::scaled(widestTime)));
+    time->setMinimumWidth(std::min(time->sizeHint().width(), leastTime));
     auto* header = Layouts::row(8, {name, time});
     header->addStretch();
     QWidget* held = Layouts::holding(header);

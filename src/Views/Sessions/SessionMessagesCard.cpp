@@ -5,9 +5,9 @@
 #include "Components/PlainLabel.h"
 #include "Components/PrimaryButton.h"
 #include "Components/SectionTitle.h"
+#include "Components/StackingRow.h"
 #include "Components/TextEditor.h"
 #include "Launch.h"
-#include "Layouts.h"
 #include "Sessions/SessionMessageThread.h"
 #include "Sessions/SessionMessagesModel.h"
 
@@ -68,9 +68,9 @@ void SessionMessagesCard::addEditor()
             = new QShortcut(Qt::CTRL | key, editor, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
         connect(shortcut, &QShortcut::activated, this, &SessionMessagesCard::send);
     }
-    auto* row = Layouts::row(besideEditor);
-    row->addWidget(editor, 1);
-    row->addWidget(button, 0, Qt::AlignBottom);
+    auto* row = new StackingRow(besideEditor);
+    row->add(editor, 1);
+    row->add(button, 0, Qt::AlignBottom);
     add(row);
 }
 

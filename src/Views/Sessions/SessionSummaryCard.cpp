@@ -4,6 +4,7 @@
 #include "Components/PlainLabel.h"
 #include "Components/SecondaryButton.h"
 #include "Components/SoftDivider.h"
+#include "Components/StackingRow.h"
 #include "Components/StatusPill.h"
 #include "Components/SymbolLine.h"
 #include "Layouts.h"
@@ -18,6 +19,7 @@ using namespace Qt::StringLiterals;
 
 static constexpr int betweenFacts = 12;
 static constexpr int besideFact = 16;
+static constexpr int twoColumnsFrom = 240;
 
 SessionSummaryCard::SessionSummaryCard(QWidget* parent)
     : Card(Spacing::card, parent), reference_(new PlainLabel({}, Type::small, Brand::steel)),
@@ -27,22 +29,21 @@ SessionSummaryCard::SessionSummaryCard(QWidget* parent)
     Accessibility::setRole(this, QAccessible::Grouping);
     setAccessibleName(u"Session"_s);
     reference_->setFit(PlainLabel::Fit::elide);
-    auto* heading = Layouts::row(12);
-    heading->addLayout(Layouts::column(0, {reference_, names_}), 1);
-    heading->addWidget(status_, 0, Qt::AlignTop);
+    auto* heading = new StackingRow(12);
+    heading->add(Layouts::holding(Layouts::column(0, {reference_, names_})), 1);
+    heading->add(status_, 0, Qt::AlignTop);
     add(heading);
     add(new SoftDivider, 16);
 
     facts_->setContentsMargins(0, 0, 0, 0);
-    facts_->setHorizontalSpacing(besideFact);
     facts_->setVerticalSpacing(betweenFacts);
 
     cancel_->setButtonSize(Button::Size::small);
-    auto* row = Layouts::row(Spacing::fieldsAcross);
-    row->addWidget(notary_, 1);
+    auto* row = new StackingRow(Spacing::fieldsAcross);
+    row->add(notary_, 1);
     row->addStretch();
-    row->addWidget(cancel_);
-    lastRow_ = Layouts::holding(row);
+    row->add(cancel_);
+    lastRow_ = row;
     auto* rows = Layouts::column(betweenFacts);
     rows->addLayout(facts_);
     rows->addWidget(lastRow_);
@@ -69,21 +70,38 @@ void SessionSummaryCard::setSession(const SessionSummary& session)
     };
     facts.removeIf([](const Fact& fact) { return fact.text.isEmpty(); });
     Layouts::clear(facts_);
-    // Both columns share the room in the ratio of what they need, so that an address is cut off last.
-    constexpr int perRow = 2;
-    std::array<int, perRow> needed{1, 1};
-    for (int place = 0; place < int(facts.size()); ++place) {
-        auto* line = new SymbolLine(facts.at(place).icon, facts.at(place).text);
-        const int column = place % perRow;
-        facts_->addWidget(line, place / perRow, column);
-        int& width = needed.at(size_t(column));
-        width = std::max(width, line->sizeHint().width());
-        facts_->setColumnStretch(column, width);
-    }
+    lines_.clear();
+    for (const Fact& fact : facts)
+        lines_ += new SymbolLine(fact.icon, fact.text);
+    arrangeFacts();
 
     const QString notary = session.raw.string(u"assigned_notary_name"_s);
     notary_->setText(u"Assigned Notary: "_s + notary);
     notary_->setVisible(!notary.isEmpty());
     cancel_->setVisible(session.canCancel());
     lastRow_->setVisible(!notary.isEmpty() || session.canCancel());
+}
+
+void SessionSummaryCard::resizeEvent(QResizeEvent* event)
+{
+    Card::resizeEvent(event);
+    arrangeFacts();
+}
+
+/// Two columns share the room in the ratio of what they need, so that an address is cut off last; where large
+/// text leaves too little room for two, there is one.
+void SessionSummaryCard::arrangeFacts()
+{
+    const int columns = width() < Type::scaled(twoColumnsFrom) ? 1 : 2;
+    std::array<int, 2> needed{};
+    for (int place = 0; place < int(lines_.size()); ++place) {
+        SymbolLine* line = lines_.at(place);
+        const int column = place % columns;
+        facts_->addWidget(line, place / columns, column);
+        int& width = needed.at(size_t(column));
+        width = std::max(width, line->sizeHint().width());
+    }
+    facts_->setColumnStretch(0, needed[0]);
+    facts_->setColumnStretch(1, needed[1]);
+    facts_->setHorizontalSpacing(columns == 1 ? 0 : besideFact);
 }

@@ -22,11 +22,17 @@ public:
     /// A session that cannot be cancelled has no button for it.
     SecondaryButton* cancelButton() const { return cancel_; }
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
+    void arrangeFacts();
+
     PlainLabel* reference_;
     PlainLabel* names_;
     StatusPill* status_;
     QGridLayout* facts_;
+    QList<SymbolLine*> lines_; ///< in facts_
     SymbolLine* notary_;
     SecondaryButton* cancel_;
     QWidget* lastRow_;

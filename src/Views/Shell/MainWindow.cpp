@@ -11,6 +11,7 @@
 #include "Dashboards/AdminDashboardView.h"
 #include "Dashboards/BusinessDashboardView.h"
 #include "Dashboards/NotaryDashboardView.h"
+#include "PaneKeys.h"
 #include "QuestionPresenter.h"
 #include "Sessions/SessionsView.h"
 #include "Shell/ContentPane.h"
@@ -51,6 +52,9 @@ MainWindow::MainWindow(MainWindowModel& model, AppearanceModel& appearance)
     layout->addWidget(sidebar_);
     layout->addWidget(content_, 1);
     setCentralWidget(columns);
+    PaneKeys::mark(sidebar_);
+    PaneKeys::mark(content_);
+    PaneKeys::install(this);
 
     connect(&model_, &MainWindowModel::sidebarChanged, this, &MainWindow::fitSidebar);
     connect(&model_, &MainWindowModel::screenChanged, this, &MainWindow::showScreen);

@@ -1,0 +1,51 @@
+#include "StackingRow.h"
+
+#include "Layouts.h"
+
+#include <algorithm>
+
+StackingRow::StackingRow(int spacing, QWidget* parent) : QWidget(parent), row_(Layouts::row(spacing))
+{
+    setLayout(row_);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+}
+
+void StackingRow::add(QWidget* widget, int stretch, Qt::Alignment alignment)
+{
+    row_->addWidget(widget, stretch, alignment);
+}
+
+void StackingRow::addStretch()
+{
+    row_->addStretch();
+}
+
+/// No wider than the widest of them, so that there can be too little room for all.
+QSize StackingRow::minimumSizeHint() const
+{
+    int widest = 0;
+    for (int place = 0; place < row_->count(); ++place)
+        widest = std::max(widest, row_->itemAt(place)->minimumSize().width());
+    return {widest, row_->minimumSize().height()};
+}
+
+void StackingRow::resizeEvent(QResizeEvent*)
+{
+    arrange();
+}
+
+/// What stretches gives way first, down to its least width.
+void StackingRow::arrange()
+{
+    int needed = 0;
+    int shown = 0;
+    for (int place = 0; place < row_->count(); ++place) {
+        QLayoutItem* item = row_->itemAt(place);
+        if (item->isEmpty() || item->spacerItem())
+            continue;
+        const QSize size = row_->stretch(place) > 0 ? item->minimumSize() : item->sizeHint();
+        needed += size.width() + (shown > 0 ? row_->spacing() : 0);
+        ++shown;
+    }
+    row_->setDirection(needed <= width() ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QWidget>
+
+class QBoxLayout;
+
+/// Widgets side by side; below one another where they do not fit beside one another, as in large text.
+class StackingRow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// \param spacing  between the widgets, in pixels
+    explicit StackingRow(int spacing, QWidget* parent = nullptr);
+
+    void add(QWidget* widget, int stretch = 0, Qt::Alignment alignment = {});
+    /// Keeps what follows at the trailing end of the row.
+    void addStretch();
+
+    QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void arrange();
+
+    QBoxLayout* row_;
+};

@@ -1,0 +1,134 @@
+#include "Components/LabeledField.h"
+#include "Components/LoadingLine.h"
+#include "Screens/Cases.h"
+#include "WholeWindowTest.h"
+
+#include <functional>
+#include <map>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What assistive technology is told of every screen.
+class ScenesAccessible : public WholeWindowTest, public testing::WithParamInterface<Scene>
+{
+protected:
+    using Visit = std::function<void(const QAccessibleInterface&)>;
+
+    /// Goes through everything that is on screen, parents first.
+    static void visit(const QAccessibleInterface& from, const Visit& visitor)
+    {
+        if (from.state().invisible)
+            return;
+        visitor(from);
+        for (int place = 0; place < from.childCount(); ++place) {
+            if (const QAccessibleInterface* child = from.child(place))
+                visit(*child, visitor);
+        }
+    }
+    void visitAll(const Visit& visitor)
+    {
+        visit(*QAccessible::queryAccessibleInterface(window.get()), visitor);
+    }
+
+    static std::string describe(const QAccessibleInterface& interface)
+    {
+        const QObject* object = interface.object();
+        return std::string(object ? object->metaObject()->className() : "part") + ", role "
+            + std::to_string(interface.role()) + ", in \""
+            + (interface.parent() ? interface.parent()->text(QAccessible::Name).toStdString() : "") + '"';
+    }
+};
+
+/// What a person works with or is told by name.
+bool needsName(const QAccessibleInterface& interface)
+{
+    switch (interface.role()) {
+    case QAccessible::Button:
+    case QAccessible::ButtonMenu:
+    case QAccessible::CheckBox:
+    case QAccessible::RadioButton:
+    case QAccessible::ComboBox:
+    case QAccessible::EditableText:
+    case QAccessible::SpinBox:
+    case QAccessible::List:
+    case QAccessible::ListItem:
+    case QAccessible::ProgressBar:
+    case QAccessible::StaticText:
+    case QAccessible::MenuItem:
+    case QAccessible::AlertMessage:
+        return true;
+    default:
+        return interface.state().focusable;
+    }
+}
+
+bool isControl(const QAccessibleInterface& interface)
+{
+    return interface.state().focusable && interface.role() != QAccessible::ListItem;
+}
+
+} // namespace
+
+TEST_P(ScenesAccessible, EveryControlHasAName)
+{
+    open(GetParam());
+    int named = 0;
+    visitAll([&named](const QAccessibleInterface& interface) {
+        if (!needsName(interface))
+            return;
+        ++named;
+        EXPECT_FALSE(interface.text(QAccessible::Name).trimmed().isEmpty()) << describe(interface);
+    });
+    EXPECT_GT(named, 10) << "the tree has been walked";
+}
+
+TEST_P(ScenesAccessible, NoTwoControlsOfAGroupHaveTheSameName)
+{
+    open(GetParam());
+    visitAll([](const QAccessibleInterface& group) {
+        std::map<std::pair<int, QString>, int> seen;
+        for (int place = 0; place < group.childCount(); ++place) {
+            const QAccessibleInterface* child = group.child(place);
+            if (!child || child->state().invisible || !isControl(*child))
+                continue;
+            const auto key = std::pair(int(child->role()), child->text(QAccessible::Name));
+            EXPECT_EQ(++seen[key], 1) << key.second.toStdString() << ", " << describe(*child);
+        }
+    });
+}
+
+TEST_P(ScenesAccessible, AFieldIsRelatedToItsCaption)
+{
+    open(GetParam());
+    for (const LabeledField* field : window->findChildren<LabeledField*>()) {
+        if (!field->isVisible() || field->caption().isEmpty())
+            continue;
+        const auto* control = QAccessible::queryAccessibleInterface(field->control());
+        QStringList captions;
+        for (const auto& [related, relation] : control->relations(QAccessible::Label))
+            captions += related->text(QAccessible::Name);
+        EXPECT_TRUE(captions.contains(field->caption())) << field->caption().toStdString();
+        EXPECT_EQ(control->text(QAccessible::Name), field->caption());
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Screens, ScenesAccessible, testing::ValuesIn(allScenes()), ByName());
+
+TEST_F(WholeWindowTest, WhatLoadsSaysSoAndIsBusyUntilItIsThere)
+{
+    window = std::make_unique<MainWindow>(model, appearance);
+    show(*window);
+    signIn(account(u"Maya Whitfield"_s, {AppRole::admin}), AppRole::admin);
+    router.open(AppSection::adminUsers);
+    settle();
+    auto* loading = window->findChild<LoadingLine*>();
+    ASSERT_NE(loading, nullptr);
+    ASSERT_TRUE(loading->isVisible());
+    const auto* told = QAccessible::queryAccessibleInterface(loading);
+    EXPECT_EQ(told->text(QAccessible::Name), u"Loading users..."_s);
+    EXPECT_TRUE(told->state().busy);
+    answerEverything();
+    EXPECT_FALSE(loading->isVisible());
+}
