@@ -1,6 +1,7 @@
 #include "StackingRow.h"
 
 #include "Layouts.h"
+#include "Type.h"
 
 #include <algorithm>
 
@@ -18,6 +19,11 @@ void StackingRow::add(QWidget* widget, int stretch, Qt::Alignment alignment)
 void StackingRow::addStretch()
 {
     row_->addStretch();
+}
+
+void StackingRow::setStackedBelow(int width)
+{
+    stackedBelow_ = width;
 }
 
 /// No wider than the widest of them, so that there can be too little room for all.
@@ -47,5 +53,6 @@ void StackingRow::arrange()
         needed += size.width() + (shown > 0 ? row_->spacing() : 0);
         ++shown;
     }
-    row_->setDirection(needed <= width() ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    const int least = std::max(needed, Type::scaled(stackedBelow_));
+    row_->setDirection(least <= width() ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
 }

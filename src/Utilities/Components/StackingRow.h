@@ -16,6 +16,8 @@ public:
     void add(QWidget* widget, int stretch = 0, Qt::Alignment alignment = {});
     /// Keeps what follows at the trailing end of the row.
     void addStretch();
+    /// Where the row is narrower, in pixels of the design, what it holds is stacked even if it would fit.
+    void setStackedBelow(int width);
 
     QSize minimumSizeHint() const override;
 
@@ -26,4 +28,5 @@ private:
     void arrange();
 
     QBoxLayout* row_;
+    int stackedBelow_ = 0;
 };

@@ -30,6 +30,7 @@ SessionSummaryCard::SessionSummaryCard(QWidget* parent)
     setAccessibleName(u"Session"_s);
     reference_->setFit(PlainLabel::Fit::elide);
     auto* heading = new StackingRow(12);
+    heading->setStackedBelow(twoColumnsFrom);
     heading->add(Layouts::holding(Layouts::column(0, {reference_, names_})), 1);
     heading->add(status_, 0, Qt::AlignTop);
     add(heading);
@@ -40,6 +41,7 @@ SessionSummaryCard::SessionSummaryCard(QWidget* parent)
 
     cancel_->setButtonSize(Button::Size::small);
     auto* row = new StackingRow(Spacing::fieldsAcross);
+    row->setStackedBelow(twoColumnsFrom);
     row->add(notary_, 1);
     row->addStretch();
     row->add(cancel_);
