@@ -17,6 +17,22 @@ TEST_F(Access, WhatIsAbsentAndWhatIsSomebodyElsesAnswerAlike)
     }
 }
 
+TEST_F(Access, ABusinessSeesNoClientsOfAnother)
+{
+    const std::string other = tokenOf("daniel.reyes@example.com");
+    const auto clientsOf
+        = [this](const std::string& token) { return reader::list(api.get("/business/clients", token).body); };
+    const std::vector<Json> before = clientsOf(other);
+    const std::size_t owned = clientsOf(tokenOf(business)).size();
+    Json booking = bookingBody();
+    booking["scheduled_by_business"] = true;
+    booking["client_name"] = "A New Client";
+    booking["client_email"] = "new.client@example.com";
+    ASSERT_EQ(api.post("/remote-notary/sessions", tokenOf(business), booking).status, 201);
+    EXPECT_EQ(clientsOf(tokenOf(business)).size(), owned + 1);
+    EXPECT_EQ(clientsOf(other), before);
+}
+
 TEST_F(Access, ListsHoldOnlyWhatTheirReaderMaySee)
 {
     struct
