@@ -118,6 +118,7 @@ TEST_F(ComponentsDrop, APendingFileCanBeEditedPickedAndRemoved)
     QSignalSpy labels(row, &PendingFileRow::labelChanged);
     QSignalSpy types(row, &PendingFileRow::typeChanged);
     QSignalSpy removals(row, &PendingFileRow::removeRequested);
+    QTest::keyClick(row->labelField(), Qt::Key_End);
     QTest::keyClicks(row->labelField(), u"s"_s);
     row->typePicker()->setCurrentIndex(0);
     for (auto* button : row->findChildren<QAbstractButton*>())

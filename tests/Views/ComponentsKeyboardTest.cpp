@@ -261,3 +261,18 @@ TEST_F(ComponentsKeyboard, ArrowsSelectRowsAndReturnOpensThem)
     list->setModel(nullptr);
     EXPECT_FALSE(list->currentIndex().isValid());
 }
+
+TEST_F(ComponentsKeyboard, AFieldThatIsLeftShowsItsTextFromTheBeginning)
+{
+    auto* first = new TextField(u"City"_s);
+    auto* second = new TextField(u"State"_s);
+    show({first, second});
+    first->lineEdit()->setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(first->lineEdit(), u"A long name"_s);
+    QApplication::setActiveWindow(nullptr);
+    QApplication::setActiveWindow(&window);
+    EXPECT_EQ(first->lineEdit()->cursorPosition(), 11) << "back from another window one types on";
+    QTest::keyClick(first->lineEdit(), Qt::Key_Tab);
+    ASSERT_TRUE(second->lineEdit()->hasFocus());
+    EXPECT_EQ(first->lineEdit()->cursorPosition(), 0);
+}

@@ -2,6 +2,8 @@
 
 #include "Spacing.h"
 
+#include <QFocusEvent>
+
 LineInput::LineInput(QWidget* parent) : QLineEdit(parent)
 {
     setFont(Type::font(Type::body));
@@ -16,4 +18,17 @@ QSize LineInput::sizeHint() const
 QSize LineInput::minimumSizeHint() const
 {
     return {Type::scaled(72), Height::control()};
+}
+
+void LineInput::focusOutEvent(QFocusEvent* event)
+{
+    QLineEdit::focusOutEvent(event);
+    switch (event->reason()) {
+    case Qt::ActiveWindowFocusReason:
+    case Qt::PopupFocusReason:
+    case Qt::MenuBarFocusReason:
+        break;
+    default:
+        home(false);
+    }
 }

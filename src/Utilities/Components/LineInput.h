@@ -12,4 +12,8 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+
+protected:
+    /// Shows a long text from its beginning again, unless the person is only looking elsewhere for a moment.
+    void focusOutEvent(QFocusEvent* event) override;
 };
