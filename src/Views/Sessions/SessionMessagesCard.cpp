@@ -13,6 +13,7 @@
 
 #include <QPlainTextEdit>
 #include <QShortcut>
+#include <QVBoxLayout>
 
 #include <utility>
 
