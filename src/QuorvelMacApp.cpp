@@ -29,6 +29,8 @@ QuorvelMacApp::QuorvelMacApp(StartOptions options, QVariantMap platformData)
     QApplication::setQuitOnLastWindowClosed(false);
     BrandStyle* style = BrandStyle::install(appearance_.isDark.value());
     onDark_ = appearance_.isDark.addNotifier([this, style] { style->setDark(appearance_.isDark.value()); });
+    onContrast_ = appearance_.hasHighContrast.addNotifier(
+        [this, style] { style->setHighContrast(appearance_.hasHighContrast.value()); });
 }
 
 QuorvelMacApp::~QuorvelMacApp()

@@ -55,4 +55,5 @@ private:
     std::unique_ptr<MainWindow> mainWindow_;
     std::unique_ptr<MenuBarExtra> menuBarExtra_;
     QPropertyNotifier onDark_;
+    QPropertyNotifier onContrast_;
 };

@@ -33,6 +33,24 @@ inline constexpr Tone panel{0xF7FAFE, 0x141D2B};
 inline constexpr Tone softBlue{0xEEF5FF, 0x16253E};
 inline constexpr Tone paleBlue{0xE4EFFF, 0x1D3152};
 
+/// What a tone becomes for people who asked their desktop for more contrast: texts and symbols come nearer to
+/// ink, lines stand out from what they divide, and blue reaches 7:1 on every surface.
+constexpr Tone strengthened(Tone tone)
+{
+    constexpr Tone strongBlue{0x0F4699, 0x9CC4FF};
+    if (tone == blue)
+        return strongBlue;
+    if (tone == steel)
+        return ink;
+    if (tone == muted)
+        return steel;
+    if (tone == fieldBorder)
+        return muted;
+    if (tone == line)
+        return fieldBorder;
+    return tone;
+}
+
 /// The stops of the content background, from the top leading to the bottom trailing corner.
 inline constexpr std::array<Tone, 3> gradient{
     Tone{0xFAFCFF, 0x080D16}, Tone{0xF1F7FF, 0x0B1321}, Tone{0xE8F1FF, 0x0F1C30}};

@@ -7,8 +7,8 @@
 class QDBusConnection;
 class QDBusVariant;
 
-/// The desktop's preference as its settings portal tells it over D-Bus. Asked without waiting: until the
-/// answer comes, and where there is no portal, the desktop counts as light.
+/// The desktop's preferences as its settings portal tells them over D-Bus. Asked without waiting: until the
+/// answers come, and where there is no portal, the desktop counts as light and of ordinary contrast.
 class PortalAppearance : public SystemAppearance
 {
     Q_OBJECT
@@ -19,13 +19,15 @@ public:
     explicit PortalAppearance(const QDBusConnection& bus);
 
     bool isDark() const override { return isDark_; }
+    bool wantsHighContrast() const override { return wantsHighContrast_; }
 
 private slots:
     void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
 private:
-    void ask(const QDBusConnection& bus, QStringList calls);
-    void apply(uint colorScheme);
+    void ask(const QDBusConnection& bus, const QString& key, QStringList calls);
+    void apply(const QString& key, uint value);
 
     bool isDark_ = false;
+    bool wantsHighContrast_ = false;
 };

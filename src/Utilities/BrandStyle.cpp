@@ -133,6 +133,19 @@ void BrandStyle::setDark(bool isDark)
     if (isDark == Palette::isDark())
         return;
     Palette::setDark(isDark);
+    recolour();
+}
+
+void BrandStyle::setHighContrast(bool isHigh)
+{
+    if (isHigh == Palette::hasHighContrast())
+        return;
+    Palette::setHighContrast(isHigh);
+    recolour();
+}
+
+void BrandStyle::recolour()
+{
     const auto palette = standardPalette();
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);

@@ -15,6 +15,8 @@ public:
     bool isDark() const;
     /// Changes the scheme of every window at once.
     void setDark(bool isDark);
+    /// The same for how strongly its colours differ.
+    void setHighContrast(bool isHigh);
 
     void polish(QWidget* widget) override;
     QPalette standardPalette() const override;
@@ -40,6 +42,7 @@ signals:
 
 private:
     BrandStyle();
+    void recolour();
 };
 
 /// A spin box that arranges its parts itself instead of leaving that to the style.

@@ -7,6 +7,7 @@ namespace Palette {
 namespace {
 
 bool darkScheme = false;
+bool highContrast = false;
 
 QLinearGradient cornerToCorner(const QRectF& area)
 {
@@ -32,14 +33,25 @@ bool isDark()
     return darkScheme;
 }
 
+bool hasHighContrast()
+{
+    return highContrast;
+}
+
 void setDark(bool isDark)
 {
     darkScheme = isDark;
 }
 
+void setHighContrast(bool isHigh)
+{
+    highContrast = isHigh;
+}
+
 QColor color(Brand::Tone tone)
 {
-    return QColor::fromRgb(tone.in(darkScheme));
+    const Brand::Tone shown = highContrast ? Brand::strengthened(tone) : tone;
+    return QColor::fromRgb(shown.in(darkScheme));
 }
 
 QColor color(Brand::Tone tone, double opacity)

@@ -11,8 +11,10 @@
 namespace Palette {
 
 bool isDark();
-/// For BrandStyle alone, which also repaints.
+bool hasHighContrast();
+/// These are for BrandStyle alone, which also repaints.
 void setDark(bool isDark);
+void setHighContrast(bool isHigh);
 
 QColor color(Brand::Tone tone);
 QColor color(Brand::Tone tone, double opacity);

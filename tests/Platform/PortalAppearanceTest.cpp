@@ -16,6 +16,7 @@ const QString objectPath = u"/org/freedesktop/portal/desktop"_s;
 const QString interfaceName = u"org.freedesktop.portal.Settings"_s;
 const QString appearance = u"org.freedesktop.appearance"_s;
 const QString colorScheme = u"color-scheme"_s;
+const QString contrast = u"contrast"_s;
 
 } // namespace
 
@@ -36,6 +37,7 @@ public:
     explicit FakePortal(Age age) : age_(age) { }
 
     uint scheme = 0;
+    uint contrastWanted = 0;
     int asked = 0;
 
 public slots:
@@ -51,9 +53,9 @@ private:
         ++asked;
         if (age != age_)
             sendErrorReply(QDBusError::UnknownMethod);
-        else if (group != appearance || key != colorScheme)
+        else if (group != appearance || (key != colorScheme && key != contrast))
             sendErrorReply(QDBusError::InvalidArgs);
-        return QDBusVariant(scheme);
+        return QDBusVariant(key == contrast ? contrastWanted : scheme);
     }
 
     const Age age_;
@@ -116,7 +118,7 @@ TEST_F(PortalAppearanceTest, IgnoresOtherSettingsAndStrangeValues)
     PortalAppearance system(connection(u"client"_s));
     int changes = 0;
     QObject::connect(&system, &SystemAppearance::changed, &system, [&changes] { ++changes; });
-    runUntil([&portal] { return portal.asked == 1; });
+    runUntil([&portal] { return portal.asked == 2; });
     announce(u"org.gnome.desktop.interface"_s, colorScheme, 1U);
     announce(appearance, u"accent-color"_s, 1U);
     announce(appearance, colorScheme, u"prefer-dark"_s);
@@ -134,7 +136,7 @@ TEST_F(PortalAppearanceTest, IsLightWhereThePortalKnowsNothing)
     PortalAppearance system(connection(u"client"_s));
     int changes = 0;
     QObject::connect(&system, &SystemAppearance::changed, &system, [&changes] { ++changes; });
-    runUntil([&portal] { return portal.asked == 2; });
+    runUntil([&portal] { return portal.asked == 4; });
     EXPECT_FALSE(system.isDark());
     // Sent after the portal's refusals, so these have arrived when this has.
     announce(appearance, colorScheme, 1U);
@@ -153,10 +155,33 @@ TEST_F(PortalAppearanceTest, IsLightUntilAPortalComes)
     runUntil([&system] { return system.isDark(); });
 }
 
-TEST(PortalAppearanceWithoutABus, IsLight)
+TEST_F(PortalAppearanceTest, FollowsTheContrastThatThePersonNeeds)
+{
+    for (const auto age : {FakePortal::Age::Old, FakePortal::Age::New}) {
+        FakePortal portal(age);
+        portal.contrastWanted = 1;
+        provide(portal);
+        PortalAppearance system(connection(u"client"_s));
+        int changes = 0;
+        QObject::connect(&system, &SystemAppearance::changed, &system, [&changes] { ++changes; });
+        EXPECT_FALSE(system.wantsHighContrast());
+        runUntil([&system] { return system.wantsHighContrast(); });
+        announce(appearance, contrast, 0U);
+        runUntil([&system] { return !system.wantsHighContrast(); });
+        announce(appearance, contrast, 7U);
+        announce(u"org.gnome.desktop.a11y.interface"_s, contrast, 1U);
+        announce(appearance, contrast, 1U);
+        runUntil([&system] { return system.wantsHighContrast(); });
+        EXPECT_EQ(changes, 3);
+        EXPECT_FALSE(system.isDark());
+    }
+}
+
+TEST(PortalAppearanceWithoutABus, IsLightAndOfOrdinaryContrast)
 {
     const PortalAppearance system(QDBusConnection(u"no such bus"_s));
     EXPECT_FALSE(system.isDark());
+    EXPECT_FALSE(system.wantsHighContrast());
 }
 
 #include "PortalAppearanceTest.moc"

@@ -3,6 +3,7 @@
 #include "Cases.h"
 #include "Printing.h"
 #include "support/InMemoryDefaults.h"
+#include "support/SteadyAppearance.h"
 
 #include <gmock/gmock.h>
 
@@ -10,25 +11,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class FakeSystemAppearance : public SystemAppearance
-{
-public:
-    bool isDark() const override { return dark_; }
-    void setDark(bool dark)
-    {
-        dark_ = dark;
-        emit changed();
-    }
-
-private:
-    bool dark_ = false;
-};
-
 class AppearanceModelTest : public testing::Test
 {
 protected:
     InMemoryDefaults defaults;
-    FakeSystemAppearance system;
+    SteadyAppearance system;
 };
 
 struct Stored
@@ -55,7 +42,7 @@ TEST_P(StoredAppearance, IsAppliedFromTheStart)
     AppearanceModel model(defaults, system);
     EXPECT_EQ(model.mode.value(), GetParam().mode);
     EXPECT_EQ(model.isDark.value(), GetParam().darkOnLightSystem);
-    system.setDark(true);
+    system.become(true);
     EXPECT_EQ(model.isDark.value(), GetParam().darkOnDarkSystem);
     EXPECT_EQ(defaults.string(u"appearanceMode"_s), GetParam().value) << "only a choice is stored";
 }
@@ -83,14 +70,27 @@ TEST_F(AppearanceModelTest, AChoiceIsStoredAndAppliedAtOnce)
 
 TEST_F(AppearanceModelTest, ChoosingTheSystemFollowsItAgain)
 {
-    system.setDark(true);
+    system.become(true);
     AppearanceModel model(defaults, system);
     model.choose(AppAppearanceMode::light);
     EXPECT_FALSE(model.isDark.value());
     model.choose(AppAppearanceMode::system);
     EXPECT_TRUE(model.isDark.value());
-    system.setDark(false);
+    system.become(false);
     EXPECT_FALSE(model.isDark.value());
+}
+
+TEST_F(AppearanceModelTest, ContrastIsTheDesktopsAloneWhateverTheMode)
+{
+    AppearanceModel model(defaults, system);
+    EXPECT_FALSE(model.hasHighContrast.value());
+    for (const auto mode : {AppAppearanceMode::light, AppAppearanceMode::dark, AppAppearanceMode::system}) {
+        model.choose(mode);
+        system.setHighContrast(true);
+        EXPECT_TRUE(model.hasHighContrast.value());
+        system.setHighContrast(false);
+        EXPECT_FALSE(model.hasHighContrast.value());
+    }
 }
 
 } // namespace

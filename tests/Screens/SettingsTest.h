@@ -4,13 +4,7 @@
 
 #include "Launch.h"
 #include "ScreenTest.h"
-
-/// A desktop that is light.
-class NoPreference : public SystemAppearance
-{
-public:
-    bool isDark() const override { return false; }
-};
+#include "support/SteadyAppearance.h"
 
 /// The settings of a client, before anything is loaded.
 class SettingsTest : public ScreenTest
@@ -50,7 +44,7 @@ protected:
         model->newPassword = chosen;
     }
 
-    NoPreference desktop;
+    SteadyAppearance desktop;
     AppearanceModel appearance{defaults, desktop};
     std::shared_ptr<SettingsContentModel> model = std::make_shared<SettingsContentModel>(context, appearance);
 };

@@ -8,6 +8,7 @@
 #include "Components/Switch.h"
 #include "Screens/Cases.h"
 #include "Shell/MainWindow.h"
+#include "support/SteadyAppearance.h"
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -298,13 +299,6 @@ TEST_F(AdminViewTest, AViewThatGoesDuringASaveLeavesNothingBehind)
     EXPECT_EQ(requestCount(), 2);
 }
 
-/// A desktop of one scheme.
-class LightAppearance : public SystemAppearance
-{
-public:
-    bool isDark() const override { return false; }
-};
-
 /// The sections in the window, which asks before edits are lost.
 class AdminWindowTest : public AdminViewTest
 {
@@ -327,7 +321,7 @@ protected:
     QString shownEmail() { return named<QLineEdit>(window, u"Email"_s)->text(); }
     int selectedRow() { return window.findChild<RowListView*>()->currentIndex().row(); }
 
-    LightAppearance system;
+    SteadyAppearance system;
     AppearanceModel appearance{defaults, system};
     MainWindowModel windowModel{context};
     MainWindow window{windowModel, appearance};

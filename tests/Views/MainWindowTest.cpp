@@ -14,7 +14,7 @@
 #include "Shell/ContentPane.h"
 #include "Shell/DashboardHomeView.h"
 #include "Shell/MenuBarDropdownModel.h"
-#include "SteadyAppearance.h"
+#include "support/SteadyAppearance.h"
 
 #include <QMenuBar>
 

@@ -2,7 +2,7 @@
 #include "Components/SearchField.h"
 #include "ScreensViewTest.h"
 #include "Shell/MainWindow.h"
-#include "SteadyAppearance.h"
+#include "support/SteadyAppearance.h"
 
 #include <QAbstractButton>
 

@@ -5,7 +5,7 @@
 #include "Components/EmptyStateView.h"
 #include "Components/Switch.h"
 #include "ScreensViewTest.h"
-#include "SteadyAppearance.h"
+#include "support/SteadyAppearance.h"
 
 #include <QLineEdit>
 

@@ -2,7 +2,7 @@
 
 #include "ScreensViewTest.h"
 #include "Shell/MainWindow.h"
-#include "SteadyAppearance.h"
+#include "support/SteadyAppearance.h"
 
 /// A screen as somebody finds it, with what is selected in it.
 struct Scene

@@ -23,4 +23,5 @@ void AppearanceModel::choose(AppAppearanceMode chosen)
 void AppearanceModel::update()
 {
     isDark = ::isDark(mode.value(), system_.isDark());
+    hasHighContrast = system_.wantsHighContrast();
 }

@@ -19,6 +19,8 @@ public:
     QProperty<AppAppearanceMode> mode{AppAppearanceMode::system};
     /// Whether the windows are dark now.
     QProperty<bool> isDark{false};
+    /// Whether the desktop asks for colours that differ strongly.
+    QProperty<bool> hasHighContrast{false};
 
     /// Stores the choice and applies it at once.
     void choose(AppAppearanceMode mode);
