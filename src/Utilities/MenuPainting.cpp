@@ -21,7 +21,7 @@ constexpr int aboveFirstText = 6;
 constexpr int belowOtherText = 4;
 
 /// The text without the marks of mnemonics.
-QString spoken(const QString& text)
+QString withoutMarks(const QString& text)
 {
     QString result;
     for (qsizetype at = 0; at < text.size(); ++at) {
@@ -58,7 +58,7 @@ bool isFirstText(const QStyleOptionMenuItem& option)
 QSize sizeOfText(const QStyleOptionMenuItem& option)
 {
     const Type::Style& style = textStyle(option);
-    return {2 * padding + PlainText::width(spoken(option.text), style),
+    return {2 * padding + PlainText::width(withoutMarks(option.text), style),
         Type::lineHeight(style) + (isFirstText(option) ? aboveFirstText : belowOtherText)};
 }
 
@@ -67,8 +67,19 @@ void text(QPainter& painter, const QStyleOptionMenuItem& option)
     const bool first = isFirstText(option);
     const QRect line
         = option.rect.adjusted(padding, first ? aboveFirstText : 0, -padding, first ? 0 : -belowOtherText);
-    PlainText::draw(painter, line, spoken(option.text), textStyle(option),
+    PlainText::draw(painter, line, withoutMarks(option.text), textStyle(option),
         Palette::color(first ? Brand::ink : Brand::steel));
+}
+
+/// What an item is called.
+/// \param mark  whether the letter that chooses it is underlined: Qt::TextShowMnemonic or
+/// Qt::TextHideMnemonic
+void title(QPainter& painter, const QRect& box, const QString& text, const Type::Style& style,
+    const QColor& color, int alignment, Qt::TextFlag mark)
+{
+    painter.setFont(Type::font(style));
+    painter.setPen(color);
+    painter.drawText(box, alignment | Qt::TextSingleLine | mark, text);
 }
 
 QColor textColor(const QStyleOptionMenuItem& option, bool highlighted)
@@ -126,7 +137,8 @@ void item(QPainter& painter, const QStyleOptionMenuItem& option)
     }
     line = QStyle::visualRect(option.direction, option.rect, line);
     const auto parts = option.text.split(u'\t');
-    PlainText::draw(painter, line, spoken(parts[0]), Type::body, textColor(option, highlighted));
+    title(painter, line, parts[0], Type::body, textColor(option, highlighted),
+        QStyle::visualAlignment(option.direction, Qt::AlignLeft | Qt::AlignVCenter), Qt::TextShowMnemonic);
     if (parts.size() > 1)
         PlainText::draw(painter, line, parts[1], Type::small,
             Palette::color(option.state & QStyle::State_Enabled ? Brand::steel : Brand::muted),
@@ -142,7 +154,7 @@ QSize itemSize(const QStyleOptionMenuItem& option, const QSize& textSize)
     if (isText(option))
         return sizeOfText(option);
     const auto parts = option.text.split(u'\t');
-    int width = 2 * padding + PlainText::width(spoken(parts[0]), Type::body);
+    int width = 2 * padding + PlainText::width(withoutMarks(parts[0]), Type::body);
     if (hasIconColumn(option))
         width += IconSize::sidebar() + iconGap;
     // The menu adds the width of the widest shortcut itself.
@@ -160,8 +172,9 @@ void barItem(QPainter& painter, const QStyleOptionMenuItem& option)
     if (highlighted)
         Paint::roundedRect(
             painter, option.rect.adjusted(0, 4, 0, -4), Radius::menuItem, Palette::color(Brand::paleBlue));
-    PlainText::draw(painter, option.rect, spoken(option.text), Type::label, textColor(option, highlighted),
-        Qt::AlignCenter);
+    // The letter shows itself to whoever has come here by keyboard.
+    title(painter, option.rect, option.text, Type::label, textColor(option, highlighted), Qt::AlignCenter,
+        highlighted ? Qt::TextShowMnemonic : Qt::TextHideMnemonic);
 }
 
 QSize barItemSize(const QSize& textSize)

@@ -323,6 +323,22 @@ TEST_F(MainWindowLeavingTest, AnotherRoleWaitsForTheAnswer)
     EXPECT_EQ(auth.role(), AppRole::notary);
 }
 
+TEST_F(MainWindowLeavingTest, AnotherRoleAsksNothingWhereItChangesNothing)
+{
+    leaving.forget();
+    for (const AppSection section : {AppSection::settings, AppSection::adminUsers, AppSection::dashboard}) {
+        model.select(section);
+        leaving.watch(&screen, [] { return LeaveGuard::Unfinished::edits; });
+        screenChanges = 0;
+        const AppRole other = auth.role() == AppRole::admin ? AppRole::notary : AppRole::admin;
+        model.switchRole(other);
+        EXPECT_FALSE(isAsking()) << rawValue(section).toStdString();
+        EXPECT_EQ(auth.role(), other);
+        EXPECT_EQ(screenChanges, 0) << "the screen and what was typed into it are still there";
+        leaving.forget();
+    }
+}
+
 TEST_F(MainWindowLeavingTest, TheRoleThatIsActiveIsNothingToAskAbout)
 {
     model.switchRole(AppRole::admin);

@@ -104,13 +104,13 @@ TEST_F(MainWindowTest, TheApplicationMenuOffersThreeWaysInTheirOrder)
 {
     const QList<QAction*> menus = window.menuBar()->actions();
     ASSERT_EQ(menus.size(), 1);
-    EXPECT_EQ(menus.constFirst()->text(), u"Quorvel"_s);
+    EXPECT_EQ(menus.constFirst()->text(), u"&Quorvel"_s);
     QStringList items;
     for (const QAction* item : menus.constFirst()->menu()->actions())
         items += item->text() + u'|' + item->shortcut().toString();
     EXPECT_EQ(items,
-        (QStringList{
-            u"Book Remote Notary|Ctrl+Shift+B"_s, u"Sessions|Ctrl+Shift+S"_s, u"|"_s, u"Settings|Ctrl+,"_s}));
+        (QStringList{u"&Book Remote Notary|Ctrl+Shift+B"_s, u"&Sessions|Ctrl+Shift+S"_s, u"|"_s,
+            u"S&ettings|Ctrl+,"_s}));
 }
 
 TEST_F(MainWindowTest, TheSidebarIsHeadedByWhoIsSignedInAndInWhichRole)

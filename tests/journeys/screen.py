@@ -14,9 +14,6 @@ MOST_CHILDREN = 300
 # What lies inside one of these is not clipped by what lies around it. A picker's list opens over the picker.
 IN_ITS_OWN_WINDOW = {"application", "frame", "dialog", "alert", "combo box"}
 
-CONTROLS = ("push button", "radio button", "check box", "text", "password text", "combo box", "spin button",
-            "list item", "menu item", "slider", "table", "list")
-
 
 class Rect(NamedTuple):
     """In pixels of the display."""
@@ -36,6 +33,10 @@ class Rect(NamedTuple):
     @property
     def is_empty(self):
         return self.width <= 0 or self.height <= 0
+
+    def spans(self, other):
+        """Whether the other lies within this one from side to side."""
+        return self.x <= other.x and other.x + other.width <= self.x + self.width
 
     def reaches_around(self, other):
         """Whether the other lies within this one from top to bottom; nothing here scrolls sideways."""
@@ -80,6 +81,14 @@ class Node:
     def rect(self):
         extents = self._accessible.get_extents(Atspi.CoordType.SCREEN)
         return Rect(extents.x, extents.y, extents.width, extents.height)
+
+    @property
+    def labels(self):
+        """The names of what the control says it is labelled by."""
+        relations = [relation for relation in self._accessible.get_relation_set()
+                     if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY]
+        return [relation.get_target(place).get_name() for relation in relations
+                for place in range(relation.get_n_targets())]
 
     @property
     def parent(self):
@@ -139,10 +148,6 @@ class Screen:
         except GLib.Error:
             # A screen was replaced while it was read; whoever waits reads again.
             return
-
-    def controls(self):
-        """Everything shown that somebody can work."""
-        return [node for role in CONTROLS for node in self.find_all(role)]
 
     def wait(self, role, name, within=None):
         return wait_for(lambda: self.find(role, name, within), f'the {role} "{name}"')

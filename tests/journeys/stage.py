@@ -12,40 +12,37 @@ DEFAULT_SIZE = (1180, 760)
 
 
 class Stage:
-    """The client with its person, the bridge behind it, the tray beside it, and the album. `scheme` is "light" or
-    "dark"; `secrets` are the tokens that the client has been seen to keep."""
+    """The client with its person, the bridge behind it, the tray beside it, the album, and whoever inspects what is
+    photographed. `scheme` is "light" or "dark"; `suffix` tells pictures of other conditions apart from the ordinary
+    ones; `secrets` are the tokens that the client has been seen to keep."""
 
-    def __init__(self, client, bridge, album, tray, scheme, secrets):
+    def __init__(self, client, bridge, album, inspector, tray, scheme, secrets):
         self.client = client
         self.person = client.person
         self.screen = client.screen
         self.bridge = bridge
         self.album = album
         self.tray = tray
+        self.inspector = inspector
         self.scheme = scheme
+        self.suffix = ""
         self.secrets = secrets
 
     def picture(self, name):
-        """Of the main window, with the pointer off it."""
+        """Of the main window, with the pointer off it. Whatever is worth a picture must be open to everybody."""
         hands.move(1, 1)
-        self.album.take(f"{name}-{self.scheme}", self.client.window)
+        self.album.take(f"{name}{self.suffix}-{self.scheme}", self.client.window)
+        self.inspector.inspect(self.screen, name + self.suffix)
 
     def open(self, section):
         """Goes to a section through the sidebar and waits until it has loaded."""
         entry = self.person.click("list item", section)
         wait_for(lambda: "selected" in entry.states, f'"{section}" to be selected in the sidebar')
         self.wait_for_section(section)
-        self.expect_names()
 
     def wait_for_section(self, section):
         wait_for(lambda: self.client.wait_for_window().name == section, f'a window titled "{section}"')
         self.wait_until_loaded()
-
-    def expect_names(self):
-        """Whoever cannot see the screen is told what each control is."""
-        nameless = [node.role for node in self.screen.controls() if not node.name]
-        if nameless:
-            raise AssertionError(f"Controls without a name: {nameless}")
 
     def wait_until_loaded(self):
         wait_for(lambda: not self.screen.reads("Loading"), "the screen to load")
@@ -75,7 +72,10 @@ class Stage:
         hands.press("Return")
 
     def at_size(self, width, height, chapter):
-        """Runs `chapter(suffix)` with the window at another size than its first."""
+        """Runs the chapter with the window at another size than its first."""
+        suffix = self.suffix
         self.client.resize(width, height)
-        chapter(f"-{width}x{height}")
+        self.suffix = f"{suffix}-{width}x{height}"
+        chapter(self)
+        self.suffix = suffix
         self.client.resize(*DEFAULT_SIZE)

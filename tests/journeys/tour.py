@@ -8,6 +8,7 @@ import sys
 import time
 from pathlib import Path
 
+from accessibility import Inspector
 from bridge import Bridge, NoWayToBridge
 from chapters import (booking, business, conversation, leaving, looks, notary, office, people, records, sessions,
                       settings, signing_in, staff)
@@ -25,6 +26,7 @@ class Journey:
         self._build = build
         self._album = album
         self._desktop = desktop
+        self._inspector = Inspector()
         self._started = time.monotonic()
         self._secrets = set()
         self.stage = None
@@ -109,7 +111,7 @@ class Journey:
     def _meet(self, bridge, tray, scheme, conditions=Conditions()):
         """Starts the client, which is expected to show itself in the scheme."""
         client = Client(self._build, self._desktop, bridge, conditions)
-        self.stage = Stage(client, bridge, self._album, tray, scheme, self._secrets)
+        self.stage = Stage(client, bridge, self._album, self._inspector, tray, scheme, self._secrets)
 
     def _restart(self, stage):
         """Whoever was signed in still is, in the scheme that was chosen."""
@@ -121,7 +123,8 @@ class Journey:
         leaving.quit_from_tray(stage)
         for name, conditions in looks.OTHER_DESKTOPS.items():
             self._meet(stage.bridge, stage.tray, stage.scheme, conditions)
-            looks.screens_by_shortcut(self.stage, name)
+            self.stage.suffix = f"-{name}"
+            looks.screens_by_shortcut(self.stage)
             leaving.quit_from_tray(self.stage)
         self._meet(stage.bridge, stage.tray, stage.scheme)
 

@@ -65,17 +65,17 @@ MainWindow::MainWindow(MainWindowModel& model, AppearanceModel& appearance)
 
 void MainWindow::addApplicationMenu()
 {
-    QMenu* menu = menuBar()->addMenu(u"Quorvel"_s);
+    QMenu* menu = menuBar()->addMenu(u"&Quorvel"_s);
     const auto add = [this, menu](const QString& title, const QKeySequence& shortcut, AppSection section) {
         QAction* action = menu->addAction(title);
         action->setShortcut(shortcut);
         connect(
             action, &QAction::triggered, this, [this, section] { model_.context().router.open(section); });
     };
-    add(u"Book Remote Notary"_s, Qt::CTRL | Qt::SHIFT | Qt::Key_B, AppSection::book);
-    add(u"Sessions"_s, Qt::CTRL | Qt::SHIFT | Qt::Key_S, AppSection::sessions);
+    add(u"&Book Remote Notary"_s, Qt::CTRL | Qt::SHIFT | Qt::Key_B, AppSection::book);
+    add(u"&Sessions"_s, Qt::CTRL | Qt::SHIFT | Qt::Key_S, AppSection::sessions);
     menu->addSeparator();
-    add(u"Settings"_s, Qt::CTRL | Qt::Key_Comma, AppSection::settings);
+    add(u"S&ettings"_s, Qt::CTRL | Qt::Key_Comma, AppSection::settings);
 }
 
 void MainWindow::present()

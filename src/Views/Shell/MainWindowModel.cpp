@@ -110,12 +110,21 @@ void MainWindowModel::select(AppSection section)
     context_.router.selectedSection = section;
 }
 
+/// Whether the screen shows something else to each role of one person; the others stay as they are.
+static bool dependsOnActiveRole(AppSection section)
+{
+    return section == AppSection::sessions;
+}
+
 void MainWindowModel::switchRole(AppRole role)
 {
     if (role == context_.auth.role())
         return;
-    context_.leaving.leave(
-        [this, role] { context_.auth.switchRole(role); }, [this] { emit sidebarChanged(); });
+    const auto switchNow = [this, role] { context_.auth.switchRole(role); };
+    if (dependsOnActiveRole(selectedSection()))
+        context_.leaving.leave(switchNow, [this] { emit sidebarChanged(); });
+    else
+        switchNow();
 }
 
 void MainWindowModel::appeared()

@@ -47,7 +47,7 @@ public:
 
     /// Goes to a section and leaves a selected session as it is.
     void select(AppSection section);
-    /// Switches the role once the screen in front may be left.
+    /// Switches the role, once the screen in front may be left where the switch changes what it shows.
     void switchRole(AppRole role);
     /// The window came up: the ID token is renewed.
     void appeared();
