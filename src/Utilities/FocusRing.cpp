@@ -50,6 +50,8 @@ public:
         return false;
     }
 
+    bool showsRing(const QWidget* control) const { return ringOwner_ == control; }
+
 private:
     void focusIn(QWidget* control, Qt::FocusReason reason)
     {
@@ -97,4 +99,10 @@ void FocusRing::attach(QWidget* control, int radius, QWidget* around)
     control->setProperty(radiusProperty, radius);
     control->setProperty(aroundProperty, QVariant::fromValue(around));
     control->installEventFilter(follower());
+}
+
+Qt::FocusReason FocusRing::passedOnFrom(const QWidget* control)
+{
+    const bool isAttached = control->property(radiusProperty).isValid();
+    return isAttached && !follower()->showsRing(control) ? Qt::MouseFocusReason : Qt::OtherFocusReason;
 }

@@ -9,6 +9,7 @@
 namespace {
 
 constexpr char paneProperty[] = "isPane";
+constexpr char entryProperty[] = "paneEntry";
 
 bool isStop(const QWidget* widget, const QWidget* pane)
 {
@@ -71,4 +72,19 @@ void PaneKeys::install(QWidget* window)
     };
     addKey(Qt::Key_F6, 1);
     addKey(Qt::SHIFT | Qt::Key_F6, -1);
+}
+
+void PaneKeys::setEntry(QWidget* part, QWidget* entry)
+{
+    part->setProperty(entryProperty, QVariant::fromValue(entry));
+}
+
+void PaneKeys::enter(QWidget* part, Qt::FocusReason reason)
+{
+    const auto* entry = part->property(entryProperty).value<QWidget*>();
+    QWidget* first = entry ? stopIn(entry) : nullptr;
+    if (!first)
+        first = stopIn(part);
+    if (first)
+        first->setFocus(reason);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <qnamespace.h>
+
 class QWidget;
 
 /// F6 and Shift+F6 take the keyboard focus from one pane of a window to the next: the sidebar, a list, what
@@ -10,5 +12,11 @@ namespace PaneKeys {
 void mark(QWidget* pane);
 /// Lets the keys work in a window.
 void install(QWidget* window);
+/// Says where in a part of a window enter() begins. A focus proxy would take what lies before it out of the
+/// round of the Tab key.
+void setEntry(QWidget* part, QWidget* entry);
+/// Gives the focus to a part of a window that has just taken the place of the one with the focus: to the
+/// first control of its entry, or else to the first of all.
+void enter(QWidget* part, Qt::FocusReason reason);
 
 } // namespace PaneKeys

@@ -12,6 +12,7 @@
 #include "Launch.h"
 #include "Layouts.h"
 #include "Palette.h"
+#include "PaneKeys.h"
 #include "Spacing.h"
 
 #include <QGridLayout>
@@ -113,11 +114,13 @@ QWidget* LoginView::makeHeading()
 
 QWidget* LoginView::makeFields()
 {
-    const auto field = [](const QString& caption, const QString& placeholder, QProperty<QString>& property) {
-        auto* made = new TextField(caption, placeholder);
-        bind(made, property);
-        return made;
-    };
+    const auto field
+        = [this](const QString& caption, const QString& placeholder, QProperty<QString>& property) {
+              auto* made = new TextField(caption, placeholder);
+              bind(made, property);
+              connect(made, &TextField::returnPressed, this, &LoginView::submit);
+              return made;
+          };
     auto* registration = new QGridLayout;
     registration->setContentsMargins(0, 0, 0, Spacing::fieldsDown);
     registration->setHorizontalSpacing(Spacing::fieldsAcross);
@@ -132,8 +135,9 @@ QWidget* LoginView::makeFields()
     auto* email = field(u"Email"_s, u"name@example.com"_s, model_->email);
     auto* password = new SecureField(u"Password"_s, u"Password"_s);
     bind(password, model_->password);
-    connect(email, &TextField::returnPressed, this, &LoginView::submit);
     connect(password, &TextField::returnPressed, this, &LoginView::submit);
+
+    PaneKeys::setEntry(this, email);
 
     auto* column = Layouts::column(0, {registrationFields, email});
     column->addSpacing(Spacing::fieldsDown);

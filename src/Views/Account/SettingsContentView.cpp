@@ -10,6 +10,7 @@
 #include "Components/SecondaryButton.h"
 #include "Layouts.h"
 #include "Page.h"
+#include "PaneKeys.h"
 
 #include <QHideEvent>
 #include <QShowEvent>
@@ -71,8 +72,10 @@ QWidget* SettingsContentView::makeSignedOut()
 
 QWidget* SettingsContentView::makeSignedIn()
 {
-    const QList<Card*> person{
-        SettingsCards::account(*model_), SettingsCards::profile(*model_), SettingsCards::password(*model_)};
+    Card* profile = SettingsCards::profile(*model_);
+    // Not on the button that signs out.
+    PaneKeys::setEntry(this, profile);
+    const QList<Card*> person{SettingsCards::account(*model_), profile, SettingsCards::password(*model_)};
     const QList<Card*> program{SettingsCards::preferences(*model_), SettingsCards::about(*model_)};
     auto* columns = new QBoxLayout(QBoxLayout::TopToBottom);
     auto* page = new Page(widest);

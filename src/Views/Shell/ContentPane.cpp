@@ -1,7 +1,9 @@
 #include "Shell/ContentPane.h"
 
+#include "FocusRing.h"
 #include "Paint.h"
 #include "Palette.h"
+#include "PaneKeys.h"
 
 #include <QPainter>
 #include <QStyle>
@@ -10,6 +12,10 @@ ContentPane::ContentPane(QWidget* parent) : QWidget(parent) { }
 
 void ContentPane::setScreen(QWidget* screen)
 {
+    // Asked of the window, which knows it while it is closed as well.
+    const QWidget* focused = window()->focusWidget();
+    const bool hadFocus = screen_ && focused && screen_->isAncestorOf(focused);
+    const Qt::FocusReason reason = hadFocus ? FocusRing::passedOnFrom(focused) : Qt::OtherFocusReason;
     if (screen_) {
         screen_->hide();
         screen_->deleteLater();
@@ -18,6 +24,8 @@ void ContentPane::setScreen(QWidget* screen)
     screen_->setParent(this);
     placeScreen();
     screen_->show();
+    if (hadFocus)
+        PaneKeys::enter(screen_, reason);
 }
 
 void ContentPane::paintEvent(QPaintEvent*)

@@ -7,7 +7,9 @@
 #include "Components/PlainLabel.h"
 #include "Components/SecondaryButton.h"
 #include "Dashboards/ShortcutRow.h"
+#include "FocusRing.h"
 #include "Layouts.h"
+#include "PaneKeys.h"
 
 #include <QBoxLayout>
 
@@ -36,12 +38,19 @@ DashboardHomeView::DashboardHomeView(DashboardHomeModel model, QWidget* parent)
 
 void DashboardHomeView::rebuild()
 {
+    const QWidget* focused = window()->focusWidget();
+    const bool hadFocus = focused && isAncestorOf(focused);
+    const Qt::FocusReason reason = hadFocus ? FocusRing::passedOnFrom(focused) : Qt::OtherFocusReason;
     Layouts::clear(column());
     addHero();
     if (model_.showsSignedInCard())
         addSignedInCard();
     addQuickActions();
     addFeatures();
+    // The new parts show themselves with the next events only.
+    if (hadFocus)
+        QMetaObject::invokeMethod(
+            this, [this, reason] { PaneKeys::enter(this, reason); }, Qt::QueuedConnection);
 }
 
 void DashboardHomeView::addHero()
