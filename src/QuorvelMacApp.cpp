@@ -8,9 +8,14 @@
 #include "SettingsDefaults.h"
 #include "Shell/MainWindow.h"
 #include "Shell/MenuBarExtra.h"
+#include "TrayWatch.h"
 
 #include <QApplication>
-#include <QSystemTrayIcon>
+#include <QTimer>
+
+/// How long a start in the background waits for the desktop's tray, in milliseconds. At the start of a
+/// session that may come a little later than the programs that start with it.
+static constexpr int trayPatience = 5000;
 
 QuorvelMacApp::QuorvelMacApp(StartOptions options, QVariantMap platformData)
     : options_(std::move(options)), platformData_(std::move(platformData)),
@@ -53,9 +58,23 @@ void QuorvelMacApp::begin()
 {
     if (const std::optional<AppSection> section = StartOptions::sectionOf(options_.action))
         context_.router.open(*section);
-    // Without a status menu nothing else would show that the program runs.
-    if (options_.comesForward || !QSystemTrayIcon::isSystemTrayAvailable())
+    tray_ = std::make_unique<TrayWatch>();
+    connect(tray_.get(), &TrayWatch::found, this, &QuorvelMacApp::showStatusItem);
+    if (options_.comesForward)
         openMainWindow();
+    else
+        QTimer::singleShot(trayPatience, this, &QuorvelMacApp::showSomething);
+}
+
+/// Without a status menu nothing but the window shows that the program runs.
+void QuorvelMacApp::showSomething()
+{
+    if (!menuBarExtra_ && !mainWindow_)
+        openMainWindow();
+}
+
+void QuorvelMacApp::showStatusItem()
+{
     MenuBarDropdownModel::Shell shell{[this] { openMainWindow(); }, &QCoreApplication::quit};
     menuBarExtra_
         = std::make_unique<MenuBarExtra>(context_, MenuBarDropdownModel(context_, std::move(shell)));

@@ -14,6 +14,7 @@ class MainWindow;
 class MenuBarExtra;
 class PortalAppearance;
 class SettingsDefaults;
+class TrayWatch;
 
 /// The application: makes what lasts as long as the process, declares the main window and the status-bar
 /// menu, and keeps running when the window closes. A second start brings the first one's window forward.
@@ -33,6 +34,8 @@ private:
     void begin();
     void openAction(const QString& action);
     void openMainWindow();
+    void showSomething();
+    void showStatusItem();
 
     // From the ground up: what comes later uses what comes earlier.
     const StartOptions options_;
@@ -53,7 +56,8 @@ private:
     AppearanceModel appearance_;
     MainWindowModel mainWindowModel_;
     std::unique_ptr<MainWindow> mainWindow_;
-    std::unique_ptr<MenuBarExtra> menuBarExtra_;
+    std::unique_ptr<TrayWatch> tray_;
+    std::unique_ptr<MenuBarExtra> menuBarExtra_; ///< null while the desktop has no tray
     QPropertyNotifier onDark_;
     QPropertyNotifier onContrast_;
 };

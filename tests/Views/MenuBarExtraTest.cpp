@@ -99,3 +99,13 @@ TEST_F(MenuBarExtraTest, AnItemDoesItsWorkOnceTheMenuIsDone)
     settle();
     EXPECT_EQ(quits, 1);
 }
+
+TEST_F(MenuBarExtraTest, AClickOpensTheMenuWhereTheDesktopDrawsNone)
+{
+    emit extra.item().activated(QSystemTrayIcon::MiddleClick);
+    EXPECT_FALSE(extra.menu().isVisible());
+    emit extra.item().activated(QSystemTrayIcon::Trigger);
+    EXPECT_TRUE(extra.menu().isVisible());
+    EXPECT_EQ(windowsOpened, 0);
+    extra.menu().close();
+}

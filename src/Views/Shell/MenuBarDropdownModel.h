@@ -31,6 +31,9 @@ public:
     /// The items for whoever is signed in now.
     QList<Item> items() const;
 
+    /// Shows the window as it is.
+    void comeForward() const { shell_.openMainWindow(); }
+
 private:
     Item opening(const QString& title, const QString& systemImage, AppSection section) const;
     void appendHeader(QList<Item>& items) const;

@@ -5,6 +5,8 @@
 #include "Symbols.h"
 #include "Type.h"
 
+#include <QCursor>
+
 using namespace Qt::StringLiterals;
 
 /// Where this program draws its menu itself.
@@ -16,10 +18,12 @@ MenuBarExtra::MenuBarExtra(const ScreenContext& context, MenuBarDropdownModel mo
     onUser_ = context.auth.user.addNotifier([this] { rebuild(); });
     onRole_ = context.auth.activeRole.addNotifier([this] { rebuild(); });
     item_.setToolTip(u"Quorvel"_s);
+    menu_.setWindowTitle(item_.toolTip()); // what a screen reader calls it
     menu_.setMinimumWidth(Type::scaled(menuWidth));
     item_.setContextMenu(&menu_);
+    connect(&item_, &QSystemTrayIcon::activated, this, &MenuBarExtra::activate);
     // Only a desktop that draws the menu itself draws the item too.
-    item_.setIcon(AppIcon::statusBar(menu_.platformMenu() != nullptr));
+    item_.setIcon(AppIcon::statusBar(isDrawnByDesktop()));
     rebuild();
     item_.show();
 }
@@ -36,9 +40,18 @@ static QString literal(const QString& text, bool isOnBus)
     return first < 0 ? line : line.insert(first, u'&');
 }
 
+void MenuBarExtra::activate(QSystemTrayIcon::ActivationReason reason)
+{
+    if (reason != QSystemTrayIcon::Trigger)
+        return;
+    if (isDrawnByDesktop())
+        model_.comeForward();
+    else
+        menu_.popup(QCursor::pos());
+}
+
 void MenuBarExtra::rebuild()
 {
-    const bool isOnBus = menu_.platformMenu() != nullptr;
     menu_.clear();
     bool isFirst = true;
     for (const MenuBarDropdownModel::Item& item : model_.items()) {
@@ -46,7 +59,7 @@ void MenuBarExtra::rebuild()
             menu_.addSeparator();
             continue;
         }
-        QAction* action = menu_.addAction(literal(item.title, isOnBus));
+        QAction* action = menu_.addAction(literal(item.title, isDrawnByDesktop()));
         action->setEnabled(!item.isText());
         if (item.isText()) {
             action->setFont(Type::font(isFirst ? Type::strong : Type::small));

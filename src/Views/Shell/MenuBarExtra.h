@@ -5,7 +5,8 @@
 #include <QMenu>
 #include <QSystemTrayIcon>
 
-/// The program's item in the desktop's status bar, with its menu.
+/// The program's item in the desktop's status bar, with its menu. Where the desktop draws the menu and keeps
+/// a click for the program, that brings the window forward; elsewhere every click opens the menu.
 class MenuBarExtra : public QObject
 {
     Q_OBJECT
@@ -14,9 +15,12 @@ public:
     MenuBarExtra(const ScreenContext& context, MenuBarDropdownModel model);
 
     QMenu& menu() { return menu_; }
+    QSystemTrayIcon& item() { return item_; }
 
 private:
+    bool isDrawnByDesktop() { return menu_.platformMenu() != nullptr; }
     void rebuild();
+    void activate(QSystemTrayIcon::ActivationReason reason);
 
     MenuBarDropdownModel model_;
     QMenu menu_;

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QAbstractNativeEventFilter>
+#include <QObject>
+
+#include <cstdint>
+
+struct xcb_connection_t;
+
+/// The tray of an X server's screen, which takes in windows of other programs. Never there without an X
+/// server.
+class XScreenTray : public QObject, private QAbstractNativeEventFilter
+{
+    Q_OBJECT
+
+public:
+    explicit XScreenTray(QObject* parent = nullptr);
+
+    bool isThere() const;
+
+signals:
+    /// A tray has told every program that it has come.
+    void appeared();
+
+private:
+    bool nativeEventFilter(const QByteArray& kind, void* message, qintptr* result) override;
+    uint32_t atom(const QByteArray& name) const;
+
+    xcb_connection_t* const server_; ///< null without an X server
+    const uint32_t selection_; ///< which a tray owns for as long as it is there
+    const uint32_t arrival_; ///< the kind of message by which the owner of a selection announces itself
+};
