@@ -2,6 +2,7 @@
 which notes at once whatever they would stumble over."""
 
 from collections import Counter
+from functools import cached_property
 
 from gi.repository import GLib
 
@@ -11,6 +12,8 @@ FIELDS = {"text", "password text", "combo box", "spin button"}
 # What is told by its name, whether or not somebody works with it.
 NAMED = FIELDS | {"push button", "radio button", "check box", "slider", "list", "list item", "table", "menu", "menu item",
                   "progress bar", "label", "alert", "dialog", "frame"}
+# In which nothing lies, so that nobody has to ask.
+LEAVES = {"label", "push button", "radio button", "scroll bar"}
 # What everybody must answer before anything else, so that the keyboard has to be there.
 MODAL = {"alert", "dialog"}
 
@@ -29,91 +32,118 @@ class Inspector:
 
 def expect_accessible(screen):
     """Fails with everything that is wrong with the screen. Reads it again when it changes meanwhile."""
-    findings = wait_for(lambda: _walk(screen), "the screen to keep still while it is read")[0]
-    if findings:
-        raise AssertionError("\n  ".join(["What assistive technology would stumble over:", *findings]))
+    walk = wait_for(lambda: _walk(screen), "the screen to keep still while it is read")
+    if walk.findings:
+        raise AssertionError("\n  ".join(["What people would stumble over:", *walk.findings]))
 
 
 def _walk(screen):
-    """The findings as the one entry of a tuple, or None when the screen was replaced during the walk."""
     try:
         walk = _Walk()
         for window in screen.windows:
             walk.enter(window)
-        return (walk.findings,)
+        return walk
     except GLib.Error:
         return None
 
 
+class _Told:
+    """What a node tells. Each property is read once, since every reading is a call to the client."""
+
+    def __init__(self, node):
+        self.node = node
+
+    @cached_property
+    def role(self):
+        return self.node.role
+
+    @cached_property
+    def states(self):
+        return self.node.states
+
+    @cached_property
+    def name(self):
+        # What only arranges others has none.
+        return self.node.name.strip() if self.is_worked or self.role != "filler" else ""
+
+    @property
+    def is_shown(self):
+        """Also for a row that is out of sight only until somebody scrolls."""
+        return "showing" in self.states or self.role == "list item"
+
+    @property
+    def is_worked(self):
+        return "focusable" in self.states
+
+    @property
+    def children(self):
+        children = [] if self.role in LEAVES else self.node.children
+        return [child for child in map(_Told, children) if child.is_shown]
+
+
+class _Group:
+    """The nearest named thing around a control, by the names that lead to it, with the controls that were met in it."""
+
+    def __init__(self, path, window):
+        self.path = path
+        self.window = window
+        self._met = Counter()
+
+    def around(self, name):
+        """The group of what lies in something of this group."""
+        return _Group((*self.path, name), self.window) if name else self
+
+    def has_met(self, told):
+        self._met[told.role, told.name] += 1
+        return self._met[told.role, told.name] > 1
+
+
 class _Walk:
-    """Reads each property of each node once, since every reading is a call to the client."""
+    """`findings` are sentences, in reading order."""
 
     def __init__(self):
         self.findings = []
 
     def enter(self, window):
-        if "showing" in window.states:
-            self._visit(window, window.role, window.name, window.states, _Group((), window.rect))
+        told = _Told(window)
+        if told.is_shown:
+            self._visit(told, _Group((), window.rect))
 
-    def _visit(self, node, role, name, states, group):
-        """A node that is shown. Returns whether the focus is in it."""
-        self._judge(node, role, name, states, group)
-        inner = group.around(name)
-        has_focus = "focused" in states
-        captions = []
-        for child in node.children:
-            child_role, child_states = child.role, child.states
-            # A row that is out of sight only until somebody scrolls does not show itself.
-            if "showing" not in child_states and child_role != "list item":
-                continue
-            child_name = child.name
-            if child_role == "label":
-                captions.append(child_name)
-            elif child_role in FIELDS and captions:
-                self._judge_caption(child, child_role, child_name, captions, inner)
-            has_focus |= self._visit(child, child_role, child_name, child_states, inner)
-        if role in MODAL and not has_focus:
-            self._note(role, name, group, "does not have the focus")
+    def _visit(self, told, group):
+        """Returns whether the focus is in it."""
+        self._judge(told, group)
+        inner = group.around(told.name)
+        children = told.children
+        self._judge_captions(children, inner)
+        has_focus = "focused" in told.states
+        for child in children:
+            has_focus |= self._visit(child, inner)
+        if told.role in MODAL and not has_focus:
+            self._note(told, group, "does not have the focus")
         return has_focus
 
-    def _judge(self, node, role, name, states, group):
-        is_worked = "focusable" in states
-        if (is_worked or role in NAMED) and not name.strip():
-            self._note(role, name, group, "has no name")
-        if not is_worked:
+    def _judge(self, told, group):
+        if not told.name and (told.is_worked or told.role in NAMED):
+            self._note(told, group, "has no name")
+        if not told.is_worked:
             return
-        if group.has_met(role, name):
-            self._note(role, name, group, "is there twice, and nothing tells one from the other")
-        rect = node.rect
-        if "enabled" in states and rect.is_empty:
-            self._note(role, name, group, "takes the focus, but no room")
+        # Rows as well: whoever hears two that say the same cannot choose between them.
+        if group.has_met(told):
+            self._note(told, group, "is there twice, and nothing tells one from the other")
+        rect = told.node.rect
+        if rect.is_empty and "enabled" in told.states:
+            self._note(told, group, "takes the focus, but no room")
         if not group.window.spans(rect):
-            self._note(role, name, group, "sticks out of the window sideways, where nobody can scroll")
+            self._note(told, group, "sticks out of the window sideways, where nobody can scroll")
 
-    def _judge_caption(self, field, role, name, captions, group):
-        if captions[-1] not in field.labels:
-            self._note(role, name, group, f'is not related to its caption "{captions[-1]}"')
+    def _judge_captions(self, siblings, group):
+        """A text right before a field is its caption if it says so, or if there is nothing else with them."""
+        for before, field in zip(siblings, siblings[1:]):
+            if before.role != "label" or field.role not in FIELDS:
+                continue
+            is_caption = before.name.startswith(field.name) or len(siblings) == 2
+            if is_caption and before.name not in field.node.labels:
+                self._note(field, group, f'is not related to its caption "{before.name}"')
 
-    def _note(self, role, name, group, fault):
-        self.findings.append(f'{role} "{name}" in {group}: {fault}')
-
-
-class _Group:
-    """The nearest named thing around a control, by the names that lead to it, and what has been met within."""
-
-    def __init__(self, path, window):
-        self._path = path
-        self.window = window
-        self._met = Counter()
-
-    def around(self, name):
-        """The group of what lies inside a node of this group."""
-        return _Group((*self._path, name), self.window) if name else self
-
-    def has_met(self, role, name):
-        self._met[role, name] += 1
-        return self._met[role, name] > 1
-
-    def __str__(self):
-        return " / ".join(self._path) or "the desktop"
-
+    def _note(self, told, group, fault):
+        self.findings.append(f'{told.role} "{told.name}" in {" / ".join(group.path) or "the desktop"}: {fault}')

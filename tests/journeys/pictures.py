@@ -29,6 +29,10 @@ class FrameBuffer:
         rows = (begin + row * self._row_bytes for row in range(top, top + height))
         return b"".join(self._bytes[row:row + width * BYTES_PER_PIXEL] for row in rows)
 
+    def is_dark(self, x, y):
+        """Whether the green, which counts most, is less than half of what there could be."""
+        return self.pixels(x, y, 1, 1)[1] < 0x80
+
 
 class Album:
     """A folder of pictures of what a frame buffer shows."""
@@ -40,12 +44,20 @@ class Album:
         for stale in folder.glob("failure.*"):
             stale.unlink()
 
+    def is_dark(self, rect):
+        """Whether the top edge of a part of the display is, in its middle."""
+        return self._frame_buffer.is_dark(rect.x + rect.width // 2, rect.y)
+
+    def look(self, rect):
+        """What a part of the display shows now, to be compared with another look."""
+        return self._frame_buffer.pixels(*rect)
+
     def take(self, name, rect):
         """A picture of a part of the display, once nothing moves in it any more."""
         seen = []
 
         def is_still():
-            seen.append(self._frame_buffer.pixels(*rect))
+            seen.append(self.look(rect))
             return seen[-LOOKS:] == [seen[-1]] * LOOKS
 
         wait_for(is_still, f"the screen to come to rest for the picture {name}")
@@ -53,7 +65,7 @@ class Album:
 
     def take_at_once(self, name, rect):
         """A picture of something that moves."""
-        self._save(name, rect.width, self._frame_buffer.pixels(*rect))
+        self._save(name, rect.width, self.look(rect))
 
     def take_failure(self):
         """A picture of the whole display as it is. Returns where it lies."""

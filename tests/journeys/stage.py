@@ -14,7 +14,8 @@ DEFAULT_SIZE = (1180, 760)
 class Stage:
     """The client with its person, the bridge behind it, the tray beside it, the album, and whoever inspects what is
     photographed. `scheme` is "light" or "dark"; `suffix` tells pictures of other conditions apart from the ordinary
-    ones; `secrets` are the tokens that the client has been seen to keep."""
+    ones; `portal` is there where the client follows the desktop's scheme; `secrets` are the tokens that the client has
+    been seen to keep."""
 
     def __init__(self, client, bridge, album, inspector, tray, scheme, secrets):
         self.client = client
@@ -26,13 +27,26 @@ class Stage:
         self.inspector = inspector
         self.scheme = scheme
         self.suffix = ""
+        self.portal = None
         self.secrets = secrets
 
     def picture(self, name):
-        """Of the main window, with the pointer off it. Whatever is worth a picture must be open to everybody."""
+        """Of the main window, with the pointer off it. Whatever is worth a picture must be open to everybody. Where the
+        portal is there, in both schemes; what is told to assistive technology is the same in all colours."""
         hands.move(1, 1)
+        if not self.portal:
+            self._take(name)
+            self.inspector.inspect(self.screen, name + self.suffix)
+            return
+        for scheme in ("dark", "light"):
+            self.portal.want_dark(scheme == "dark")
+            self.scheme = scheme
+            self._take(name)
+
+    def _take(self, name):
+        wait_for(lambda: self.album.is_dark(self.client.window) == (self.scheme == "dark"),
+                 f"the window to be {self.scheme}")
         self.album.take(f"{name}{self.suffix}-{self.scheme}", self.client.window)
-        self.inspector.inspect(self.screen, name + self.suffix)
 
     def open(self, section):
         """Goes to a section through the sidebar and waits until it has loaded."""
@@ -45,7 +59,8 @@ class Stage:
         self.wait_until_loaded()
 
     def wait_until_loaded(self):
-        wait_for(lambda: not self.screen.reads("Loading"), "the screen to load")
+        """What says so is an animation to assistive technology."""
+        wait_for(lambda: not self.screen.find("animation", None), "the screen to load")
 
     def rows(self, title):
         """The rows of the list with this title, in their order."""

@@ -10,11 +10,12 @@ from pathlib import Path
 
 from accessibility import Inspector
 from bridge import Bridge, NoWayToBridge
-from chapters import (booking, business, conversation, leaving, looks, notary, office, people, records, sessions,
-                      settings, signing_in, staff)
+from chapters import (booking, business, conversation, desktops, leaving, looks, notary, office, people, records,
+                      sessions, settings, signing_in, staff)
 from client import Client, Conditions
 from display import Desktop
 from pictures import Album
+from portal import Portal
 from stage import DEMO_BUSINESS, DEMO_NOTARY, Stage
 from tray import Tray
 
@@ -97,7 +98,10 @@ class Journey:
         return [
             ("closing the window", leaving.close_and_come_back),
             ("a second start", leaving.start_again),
-            ("other desktops", self._visit_other_desktops),
+            ("other desktops", self._glance_at_desktops),
+            ("large text", self._enlarge_text),
+            ("high contrast", self._strengthen_colours),
+            ("light, whatever the desktop is", looks.choose_light),
             ("signing out again", staff.sign_out),
             ("a new account", signing_in.new_account),
             ("a profile is saved", settings.save_profile),
@@ -119,14 +123,26 @@ class Journey:
         self._meet(stage.bridge, stage.tray, stage.scheme)
         leaving.expect_still_signed_in(self.stage)
 
-    def _visit_other_desktops(self, stage):
-        leaving.quit_from_tray(stage)
-        for name, conditions in looks.OTHER_DESKTOPS.items():
-            self._meet(stage.bridge, stage.tray, stage.scheme, conditions)
-            self.stage.suffix = f"-{name}"
-            looks.screens_by_shortcut(self.stage)
-            leaving.quit_from_tray(self.stage)
-        self._meet(stage.bridge, stage.tray, stage.scheme)
+    def _glance_at_desktops(self, stage):
+        for name, conditions in desktops.GLANCES.items():
+            self._move(name, conditions)
+            desktops.glance(self.stage)
+
+    def _enlarge_text(self, stage):
+        self._move("large-text", desktops.LARGE_TEXT)
+        desktops.in_large_text(self.stage)
+
+    def _strengthen_colours(self, stage):
+        with Portal(self._desktop) as portal:
+            self._move("high-contrast")
+            desktops.in_high_contrast(self.stage, portal)
+        self.stage.suffix = ""
+
+    def _move(self, name, conditions=Conditions()):
+        """To another desktop, which the names of its pictures tell."""
+        leaving.quit_from_tray(self.stage)
+        self._meet(self.stage.bridge, self.stage.tray, self.stage.scheme, conditions)
+        self.stage.suffix = f"-{name}"
 
     def show_failure(self):
         """What the screen showed, as a picture and as a screen reader would read it."""

@@ -58,6 +58,7 @@ QWidget* FeePanel::makeCount(BookRemoteNotaryModel& model)
     auto* count = new Stepper(u"Number of Signatures"_s, BookRemoteNotaryModel::leastSignatures,
         BookRemoteNotaryModel::mostSignatures);
     auto* unknown = FieldRows::switchRow(u"Unknown"_s);
+    label->setBuddy(count);
     bind(count, model.actCount);
     bind(unknown, model.actUnknown);
     const auto showCount = [label, &model] { label->setText(model.signatureCountText()); };
