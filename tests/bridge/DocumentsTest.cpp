@@ -2,6 +2,7 @@
 #include "support/RunningBridge.h"
 
 #include <fstream>
+#include <thread>
 
 namespace {
 
@@ -165,6 +166,32 @@ TEST_F(Documents, GoWithTheirSession)
         200);
     EXPECT_EQ(download(document).status, 404);
     EXPECT_EQ(filesOnDisk(), before - 1) << "the new one and the one of the demo data are gone";
+}
+
+TEST_F(Documents, AreRefusedWhereTheSessionHasGoneWhileTheirBytesCameIn)
+{
+    const std::string adminToken = tokenOf(admin);
+    const std::string form = formBody({}, {{"a.txt", "text/plain", everyByte()}});
+    const std::size_t half = form.size() / 2;
+    const std::size_t before = filesOnDisk();
+    const auto piece = [&](std::size_t offset, std::size_t, httplib::DataSink& sink) {
+        if (offset == 0)
+            return sink.write(form.data(), half);
+        // Only who has been let in has a file that grows.
+        while (filesOnDisk() == before)
+            std::this_thread::yield();
+        EXPECT_EQ(api.remove("/admin/records/13", adminToken,
+                         {{"record_type", "remote"}, {"source", "remote_notary_sessions"}})
+                      .status,
+            200);
+        return sink.write(form.data() + offset, form.size() - offset);
+    };
+    const httplib::Result result = api.client()->Post("/mobile-bridge/v1/remote-notary/sessions/13/documents",
+        {{"Authorization", "Bearer " + token}}, form.size(), piece, formType);
+    ASSERT_TRUE(result) << httplib::to_string(result.error());
+    EXPECT_EQ(result->status, 404);
+    EXPECT_EQ(filesOnDisk(), before - 1) << "the demo data's one went with the session";
+    EXPECT_EQ(stored("select cast(count(*) as text) from uploads where session_id = 13"), "0");
 }
 
 namespace {
