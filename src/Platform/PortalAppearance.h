@@ -3,6 +3,9 @@
 #include "SystemAppearance.h"
 
 #include <QStringList>
+#include <QVariant>
+
+#include <array>
 
 class QDBusConnection;
 class QDBusVariant;
@@ -19,15 +22,26 @@ public:
     explicit PortalAppearance(const QDBusConnection& bus);
 
     bool isDark() const override { return isDark_; }
-    bool wantsHighContrast() const override { return wantsHighContrast_; }
+    bool wantsHighContrast() const override { return wantsContrast_ || wantsContrastOnGnome_; }
 
 private slots:
     void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
 private:
-    void ask(const QDBusConnection& bus, const QString& key, QStringList calls);
-    void apply(const QString& key, uint value);
+    /// One of the portal's settings, with the value that says yes to a preference.
+    struct Setting
+    {
+        QString group;
+        QString key;
+        QVariant yes;
+        bool PortalAppearance::*preference;
+    };
+
+    static const std::array<Setting, 3>& followed();
+    void ask(const QDBusConnection& bus, const Setting& setting, QStringList calls);
+    void apply(const Setting& setting, const QVariant& value);
 
     bool isDark_ = false;
-    bool wantsHighContrast_ = false;
+    bool wantsContrast_ = false;
+    bool wantsContrastOnGnome_ = false;
 };

@@ -7,6 +7,8 @@
 #include <QDBusMessage>
 #include <QDBusVariant>
 
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -17,6 +19,8 @@ const QString interfaceName = u"org.freedesktop.portal.Settings"_s;
 const QString appearance = u"org.freedesktop.appearance"_s;
 const QString colorScheme = u"color-scheme"_s;
 const QString contrast = u"contrast"_s;
+const QString gnome = u"org.gnome.desktop.a11y.interface"_s;
+const QString gnomeContrast = u"high-contrast"_s;
 
 } // namespace
 
@@ -38,6 +42,7 @@ public:
 
     uint scheme = 0;
     uint contrastWanted = 0;
+    std::optional<bool> gnomeContrastWanted; ///< not known to other desktops
     int asked = 0;
 
 public slots:
@@ -53,6 +58,8 @@ private:
         ++asked;
         if (age != age_)
             sendErrorReply(QDBusError::UnknownMethod);
+        else if (group == gnome && key == gnomeContrast && gnomeContrastWanted)
+            return QDBusVariant(*gnomeContrastWanted);
         else if (group != appearance || (key != colorScheme && key != contrast))
             sendErrorReply(QDBusError::InvalidArgs);
         return QDBusVariant(key == contrast ? contrastWanted : scheme);
@@ -118,7 +125,7 @@ TEST_F(PortalAppearanceTest, IgnoresOtherSettingsAndStrangeValues)
     PortalAppearance system(connection(u"client"_s));
     int changes = 0;
     QObject::connect(&system, &SystemAppearance::changed, &system, [&changes] { ++changes; });
-    runUntil([&portal] { return portal.asked == 2; });
+    runUntil([&portal] { return portal.asked == 4; });
     announce(u"org.gnome.desktop.interface"_s, colorScheme, 1U);
     announce(appearance, u"accent-color"_s, 1U);
     announce(appearance, colorScheme, u"prefer-dark"_s);
@@ -136,7 +143,7 @@ TEST_F(PortalAppearanceTest, IsLightWhereThePortalKnowsNothing)
     PortalAppearance system(connection(u"client"_s));
     int changes = 0;
     QObject::connect(&system, &SystemAppearance::changed, &system, [&changes] { ++changes; });
-    runUntil([&portal] { return portal.asked == 4; });
+    runUntil([&portal] { return portal.asked == 6; });
     EXPECT_FALSE(system.isDark());
     // Sent after the portal's refusals, so these have arrived when this has.
     announce(appearance, colorScheme, 1U);
@@ -169,12 +176,30 @@ TEST_F(PortalAppearanceTest, FollowsTheContrastThatThePersonNeeds)
         announce(appearance, contrast, 0U);
         runUntil([&system] { return !system.wantsHighContrast(); });
         announce(appearance, contrast, 7U);
-        announce(u"org.gnome.desktop.a11y.interface"_s, contrast, 1U);
+        announce(gnome, contrast, 1U);
         announce(appearance, contrast, 1U);
         runUntil([&system] { return system.wantsHighContrast(); });
         EXPECT_EQ(changes, 3);
         EXPECT_FALSE(system.isDark());
     }
+}
+
+TEST_F(PortalAppearanceTest, KnowsTheOlderWordForContrastOfOneDesktop)
+{
+    FakePortal portal(FakePortal::Age::Old);
+    portal.gnomeContrastWanted = true;
+    provide(portal);
+    PortalAppearance system(connection(u"client"_s));
+    int changes = 0;
+    QObject::connect(&system, &SystemAppearance::changed, &system, [&changes] { ++changes; });
+    runUntil([&system] { return system.wantsHighContrast(); });
+    announce(appearance, contrast, 1U);
+    announce(gnome, gnomeContrast, u"true"_s);
+    announce(gnome, gnomeContrast, false);
+    EXPECT_TRUE(system.wantsHighContrast());
+    announce(appearance, contrast, 0U);
+    runUntil([&system] { return !system.wantsHighContrast(); });
+    EXPECT_EQ(changes, 2) << "the two words for one wish";
 }
 
 TEST(PortalAppearanceWithoutABus, IsLightAndOfOrdinaryContrast)
