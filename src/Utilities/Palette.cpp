@@ -69,6 +69,11 @@ QColor mix(Brand::Tone base, Brand::Tone other, double share)
     return {blend(from.red(), to.red()), blend(from.green(), to.green()), blend(from.blue(), to.blue())};
 }
 
+QColor placeholder()
+{
+    return color(highContrast ? Brand::muted : Brand::steel);
+}
+
 QColor scrim()
 {
     return color(Brand::scrim, darkScheme ? Brand::scrimOpacityDark : Brand::scrimOpacityLight);
@@ -98,6 +103,8 @@ QPalette applicationPalette()
     set(QPalette::AlternateBase, Brand::panel, Brand::panel);
     set(QPalette::Text, Brand::ink, Brand::muted);
     set(QPalette::PlaceholderText, Brand::steel, Brand::muted);
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
+        palette.setColor(group, QPalette::PlaceholderText, placeholder());
     set(QPalette::Button, Brand::card, Brand::card);
     set(QPalette::ButtonText, Brand::ink, Brand::muted);
     set(QPalette::BrightText, Brand::navy, Brand::muted);

@@ -20,6 +20,8 @@ QColor color(Brand::Tone tone);
 QColor color(Brand::Tone tone, double opacity);
 /// \param share  how much of `other` goes into `base`, 0 to 1
 QColor mix(Brand::Tone base, Brand::Tone other, double share);
+/// Of what a field suggests: in every contrast, it must not pass for what somebody has entered.
+QColor placeholder();
 QColor scrim();
 
 /// The content background, from the top leading to the bottom trailing corner of the area.

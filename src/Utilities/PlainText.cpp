@@ -29,6 +29,13 @@ bool isLineBreak(QChar character)
     return character == u'\n' || character == QChar::ParagraphSeparator || character == QChar::LineSeparator;
 }
 
+/// An address that takes two lines is broken behind its sign rather than within a name.
+QString breakable(QString text)
+{
+    const QString blankOfNoWidth = u"\u200B"_s;
+    return text.replace(u"@"_s, u"@"_s + blankOfNoWidth);
+}
+
 QString withBreaks(QString text, QChar lineBreak)
 {
     text.replace(u"\r\n"_s, u"\n"_s);
@@ -91,7 +98,8 @@ void draw(QPainter& painter, const QRectF& box, const QString& text, const Type:
 }
 
 Paragraph::Paragraph(const QString& text, const Type::Style& style, int width)
-    : layout_(withBreaks(cut(text, longestParagraph), QChar::LineSeparator), Type::font(style)), style_(style)
+    : layout_(breakable(withBreaks(cut(text, longestParagraph), QChar::LineSeparator)), Type::font(style)),
+      style_(style)
 {
     QTextOption option;
     option.setWrapMode(width < 0 ? QTextOption::ManualWrap : QTextOption::WrapAtWordBoundaryOrAnywhere);

@@ -3,6 +3,7 @@
 #include "Components/Button.h"
 #include "Components/PlainLabel.h"
 #include "Components/SidebarEntry.h"
+#include "Components/Switch.h"
 
 #include <gtest/gtest.h>
 
@@ -29,6 +30,13 @@ inline std::string nameOf(const QWidget* widget)
     return widget->metaObject()->className() + (" \"" + name.toStdString() + '"');
 }
 
+/// In which a control of its width shows all lines of its text.
+inline int neededHeight(const QWidget* control)
+{
+    return control->hasHeightForWidth() ? control->heightForWidth(control->width())
+                                        : control->sizeHint().height();
+}
+
 /// Every text has the room that it needs, or elides because it is meant to.
 inline void expectRoomForTexts(const QWidget& in)
 {
@@ -40,7 +48,10 @@ inline void expectRoomForTexts(const QWidget& in)
         const QWidget* around = button->parentWidget();
         const int room = around->layout() ? around->layout()->contentsRect().width() : around->width();
         EXPECT_GE(button->width(), qMin(button->sizeHint().width(), room)) << nameOf(button);
-        EXPECT_GE(button->height(), button->sizeHint().height()) << nameOf(button);
+        EXPECT_GE(button->height(), neededHeight(button)) << nameOf(button);
+    });
+    checkAll<Switch>(in, [](const Switch* control) {
+        EXPECT_GE(control->height(), neededHeight(control)) << nameOf(control);
     });
     checkAll<SidebarEntry>(in, [](const SidebarEntry* entry) {
         EXPECT_GE(entry->height(), entry->sizeHint().height()) << nameOf(entry);

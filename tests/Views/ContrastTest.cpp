@@ -83,6 +83,13 @@ TEST_P(Contrast, OfSymbolsAndStatesOnEverySurface)
     EXPECT_GE(lowest(Brand::fieldBorder), GetParam().isHigh ? 3 : 1.3) << "the edge of a field";
 }
 
+TEST_P(Contrast, WhatAFieldSuggestsIsReadAndNotTakenForWhatWasEntered)
+{
+    EXPECT_GE(contrast(Palette::placeholder(), Palette::color(Brand::fieldFill)), 4.5);
+    EXPECT_GE(contrast(Palette::placeholder(), Palette::color(Brand::ink)), 1.5);
+    EXPECT_EQ(Palette::applicationPalette().color(QPalette::PlaceholderText), Palette::placeholder());
+}
+
 INSTANTIATE_TEST_SUITE_P(Schemes, Contrast,
     testing::Values(SchemeRow{"Light", false, false}, SchemeRow{"Dark", true, false},
         SchemeRow{"LightHigh", false, true}, SchemeRow{"DarkHigh", true, true}),
@@ -96,11 +103,11 @@ TEST_F(HighContrast, IsTakenAndGivenBackAtOnce)
     const auto reset = qScopeGuard([] { style()->setHighContrast(false); });
     auto* card = shown(new Card);
     const QImage before = card->grab().toImage();
-    const QColor text = QApplication::palette().color(QPalette::PlaceholderText);
+    const QColor selection = QApplication::palette().color(QPalette::Highlight);
     QSignalSpy changes(style(), &BrandStyle::schemeChanged);
     style()->setHighContrast(true);
     EXPECT_NE(card->grab().toImage(), before) << "its edge is stronger";
-    EXPECT_NE(QApplication::palette().color(QPalette::PlaceholderText), text);
+    EXPECT_NE(QApplication::palette().color(QPalette::Highlight), selection);
     style()->setHighContrast(true);
     EXPECT_EQ(changes.size(), 1) << "nothing has changed";
     style()->setHighContrast(false);

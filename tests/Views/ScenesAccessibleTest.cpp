@@ -1,5 +1,8 @@
+#include "Components/Button.h"
+#include "Components/Card.h"
 #include "Components/LabeledField.h"
 #include "Components/LoadingLine.h"
+#include "Components/Stepper.h"
 #include "Screens/Cases.h"
 #include "WholeWindowTest.h"
 
@@ -115,6 +118,39 @@ TEST_P(ScenesAccessible, AFieldIsRelatedToItsCaption)
 }
 
 INSTANTIATE_TEST_SUITE_P(Screens, ScenesAccessible, testing::ValuesIn(allScenes()), ByName());
+
+TEST_F(WholeWindowTest, WhatASessionIsMadeOfAreGroupsWithNames)
+{
+    open({"", AppRole::admin, AppSection::sessions, 0});
+    QStringList groups;
+    for (Card* card : window->findChildren<Card*>()) {
+        const auto* told = QAccessible::queryAccessibleInterface(card);
+        if (told->role() == QAccessible::Grouping && !told->state().invisible)
+            groups += told->text(QAccessible::Name);
+    }
+    EXPECT_EQ(
+        groups, QStringList({u"Session"_s, u"Admin Controls"_s, u"Messages"_s, u"Session Documents"_s}));
+}
+
+TEST_F(WholeWindowTest, AFieldThatCameLaterIsStillOneControl)
+{
+    open({"", AppRole::client, AppSection::book});
+    click(named<Button>(*window, u"Add Signer"_s));
+    for (LabeledField* field : window->findChildren<LabeledField*>()) {
+        const auto* around = QAccessible::queryAccessibleInterface(field);
+        EXPECT_FALSE(around->state().focusable) << field->caption().toStdString();
+    }
+}
+
+TEST_F(WholeWindowTest, TheNumberOfSignaturesIsRelatedToWhatTellsIt)
+{
+    open({"", AppRole::client, AppSection::book});
+    auto* stepper = named<Stepper>(*window, u"Number of Signatures"_s);
+    ASSERT_NE(stepper, nullptr);
+    const auto labels = QAccessible::queryAccessibleInterface(stepper)->relations(QAccessible::Label);
+    ASSERT_EQ(labels.size(), 1);
+    EXPECT_EQ(labels.constFirst().first->text(QAccessible::Name), u"Number of Signatures: 1"_s);
+}
 
 TEST_F(WholeWindowTest, WhatLoadsSaysSoAndIsBusyUntilItIsThere)
 {

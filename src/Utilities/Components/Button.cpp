@@ -14,7 +14,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// Of a button whose title is cut off, in pixels of the design.
+/// Of a button whose title takes several lines, in pixels of the design.
 static constexpr int narrowest = 88;
 
 struct Button::Metrics
@@ -86,10 +86,13 @@ void Button::setButtonSize(Size size)
     update();
 }
 
-void Button::setElides(bool elides)
+void Button::setWraps(bool wraps)
 {
-    elides_ = elides;
-    setSizePolicy(elides ? QSizePolicy::Maximum : QSizePolicy::Fixed, QSizePolicy::Fixed);
+    wraps_ = wraps;
+    if (wraps)
+        setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Minimum);
+    else
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     updateGeometry();
 }
 
@@ -107,13 +110,27 @@ void Button::setLoading(bool loading)
     update();
 }
 
+int Button::symbolWidth() const
+{
+    if (symbol_.isEmpty() && !loading_)
+        return 0;
+    const auto look = metrics();
+    return title_.isEmpty() ? look.icon : look.icon + look.gap;
+}
+
 int Button::contentWidth() const
 {
-    const auto look = metrics();
-    const int text = PlainText::width(title_, look.text);
-    if (symbol_.isEmpty() && !loading_)
-        return text;
-    return title_.isEmpty() ? look.icon : look.icon + look.gap + text;
+    return symbolWidth() + PlainText::width(title_, metrics().text);
+}
+
+bool Button::isWrapped() const
+{
+    return wraps_ && width() < sizeHint().width();
+}
+
+PlainText::Paragraph Button::titleLines(int width) const
+{
+    return {title_, metrics().text, qMax(0, width - 2 * (padding() + 1) - symbolWidth())};
 }
 
 QSize Button::sizeHint() const
@@ -124,7 +141,13 @@ QSize Button::sizeHint() const
 QSize Button::minimumSizeHint() const
 {
     const QSize whole = sizeHint();
-    return elides_ ? QSize(qMin(whole.width(), Type::scaled(narrowest)), whole.height()) : whole;
+    return wraps_ ? QSize(qMin(whole.width(), Type::scaled(narrowest)), whole.height()) : whole;
+}
+
+int Button::heightForWidth(int width) const
+{
+    const auto look = metrics();
+    return look.height + titleLines(width).height() - Type::lineHeight(look.text);
 }
 
 bool Button::event(QEvent* event)
@@ -140,7 +163,7 @@ bool Button::event(QEvent* event)
             break;
         }
     }
-    const bool isCutOff = width() < sizeHint().width();
+    const bool isCutOff = !wraps_ && width() < sizeHint().width();
     if (event->type() == QEvent::ToolTip && isCutOff && toolTip().isEmpty()) {
         QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), PlainText::toolTip(title_), this);
         return true;
@@ -163,7 +186,8 @@ void Button::paintEvent(QPaintEvent*)
     const auto look = metrics();
     const auto paints = colors();
     Paint::roundedRect(painter, rect(), look.radius, paints.fill, paints.edge);
-    const int content = qMin(contentWidth(), width() - 2 * (padding() + 1));
+    const int wanted = isWrapped() ? symbolWidth() + titleLines(width()).width() : contentWidth();
+    const int content = qMin(wanted, width() - 2 * (padding() + 1));
     QRectF box((width() - content) / 2.0, 0, content, height());
     if (loading_ || !symbol_.isEmpty()) {
         QRectF icon(box.left(), (height() - look.icon) / 2.0, look.icon, look.icon);
@@ -178,5 +202,14 @@ void Button::paintEvent(QPaintEvent*)
         else
             box.setLeft(icon.right() + look.gap);
     }
-    PlainText::draw(painter, box, title_, look.text, paints.text);
+    paintTitle(painter, box, paints.text);
+}
+
+void Button::paintTitle(QPainter& painter, const QRectF& box, const QColor& color) const
+{
+    if (!isWrapped())
+        return PlainText::draw(painter, box, title_, metrics().text, color);
+    const PlainText::Paragraph lines = titleLines(width());
+    const double above = (box.height() - lines.height()) / 2;
+    lines.draw(painter, box.adjusted(0, above, 0, 0), color, Qt::AlignHCenter);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PlainText.h"
+
 #include <QPushButton>
 
 class ArcAnimation;
@@ -23,14 +25,16 @@ public:
     /// \param symbol  empty for none
     void setSystemImage(const QString& symbol);
     void setButtonSize(Size size);
-    /// Lets the title be cut off, and shown whole in the tool tip, where large text leaves too little room.
-    void setElides(bool elides);
+    /// Lets the title take more lines than one where large text leaves too little room.
+    void setWraps(bool wraps);
 
     bool isLoading() const { return loading_; }
     void setLoading(bool loading);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    bool hasHeightForWidth() const override { return wraps_; }
+    int heightForWidth(int width) const override;
 
 protected:
     struct Colors
@@ -57,12 +61,19 @@ private:
     struct Metrics;
     Metrics metrics() const;
     int contentWidth() const;
+    /// Of the symbol, or what stands in its place, with the gap to the title.
+    int symbolWidth() const;
+    /// Whether the title takes several lines now.
+    bool isWrapped() const;
+    /// As it is broken in a button of this width.
+    PlainText::Paragraph titleLines(int width) const;
+    void paintTitle(QPainter& painter, const QRectF& box, const QColor& color) const;
     void attachFocusRing();
 
     QString title_;
     QString symbol_;
     Size size_ = Size::regular;
     bool loading_ = false;
-    bool elides_ = false;
+    bool wraps_ = false;
     ArcAnimation* arc_;
 };

@@ -147,8 +147,8 @@ void ComboBox::paintEvent(QPaintEvent*)
         left += edge + symbolGap;
     }
     const bool prompts = currentIndex() < 0;
-    const auto tone = !isEnabled() ? Brand::muted : prompts ? Brand::steel : Brand::ink;
+    const auto written = Palette::color(isEnabled() ? Brand::ink : Brand::muted);
     const QRectF textBox(left, 0, width() - left - padding() - chevron - chevronGap, height());
     PlainText::draw(painter, place(textBox), prompts ? placeholderText() : currentText(), Type::body,
-        Palette::color(tone));
+        prompts && isEnabled() ? Palette::placeholder() : written);
 }

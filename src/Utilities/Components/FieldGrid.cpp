@@ -7,7 +7,8 @@
 #include <algorithm>
 
 static constexpr int wideFrom = 500;
-static constexpr int narrowFrom = 160;
+/// Two of the longest captions, or a switch with its label, fit beside each other.
+static constexpr int narrowFrom = 330;
 
 FieldGrid::FieldGrid(QWidget* parent) : QWidget(parent), grid_(new QGridLayout(this))
 {

@@ -14,6 +14,8 @@
 #include <QStyle>
 #include <QToolTip>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -22,8 +24,13 @@ constexpr int dividerHeight = 1;
 constexpr int metaGap = 4;
 constexpr int textGap = 10;
 constexpr int chipGap = 12;
+constexpr int chipEdge = 36;
+constexpr int chevronEdge = 12;
 constexpr int barWidth = 3;
 constexpr int barInset = 12;
+/// Room for texts, in pixels of the design, below which nothing stands beside them any more.
+constexpr int stackedBelow = 180;
+constexpr int abovePill = 4;
 /// A pill never takes more than this share of the row, so that the title stays readable.
 constexpr int pillShare = 2;
 
@@ -65,6 +72,7 @@ struct ListRowDelegate::Places
     int pillWidth = 0;
     QRect chevron;
     QList<QRect> lines;
+    QRect word;
 };
 
 ListRowDelegate::ListRowDelegate(Reader reader, const Options& options, QObject* parent)
@@ -74,7 +82,33 @@ ListRowDelegate::ListRowDelegate(Reader reader, const Options& options, QObject*
 int ListRowDelegate::firstLineHeight() const
 {
     const int title = Type::lineHeight(Type::strong);
-    return options_.pill == Pill::besideTitle ? qMax(title, Height::pill()) : title;
+    const bool besidePill = options_.pill == Pill::besideTitle && !isStacked_;
+    return besidePill ? qMax(title, Height::pill()) : title;
+}
+
+int ListRowDelegate::heightUnder() const
+{
+    if (!isStacked_)
+        return 0;
+    return options_.word ? Type::lineHeight(Type::caption) : abovePill + Height::pill();
+}
+
+bool ListRowDelegate::setWidth(int width)
+{
+    const bool hasBeside = options_.pill == Pill::besideTitle || options_.word;
+    const bool isStacked = hasBeside && roomForTexts({0, 0, width, 0}).width() < Type::scaled(stackedBelow);
+    return isStacked != std::exchange(isStacked_, isStacked);
+}
+
+QRect ListRowDelegate::roomForTexts(const QRect& row) const
+{
+    QRect room
+        = row.adjusted(roomAcross, options_.padding, -roomAcross - options_.trailingRoom, -options_.padding);
+    if (options_.chip)
+        room.setLeft(room.left() + Type::scaled(chipEdge) + chipGap);
+    if (options_.chevron)
+        room.setRight(room.right() - Type::scaled(chevronEdge) - textGap - 2);
+    return room;
 }
 
 int ListRowDelegate::rowGap() const
@@ -87,7 +121,8 @@ QSize ListRowDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&)
     int texts = firstLineHeight() + options_.textLines * Type::lineHeight(Type::small);
     if (options_.metaLine)
         texts += metaGap;
-    const int content = options_.chip ? qMax(texts, Type::scaled(36)) : texts;
+    texts += heightUnder();
+    const int content = options_.chip ? qMax(texts, Type::scaled(chipEdge)) : texts;
     return {0, content + 2 * options_.padding + rowGap()};
 }
 
@@ -95,30 +130,25 @@ ListRowDelegate::Places ListRowDelegate::placesOf(const ListRow& row, const QRec
 {
     Places places;
     places.row = area.adjusted(0, 0, 0, -rowGap());
-    QRect inner = places.row.adjusted(
-        roomAcross, options_.padding, -roomAcross - options_.trailingRoom, -options_.padding);
-    if (options_.chip) {
-        const int edge = Type::scaled(36);
-        places.chip = QRect(inner.left(), places.row.center().y() - edge / 2 + 1, edge, edge);
-        inner.setLeft(places.chip.right() + 1 + chipGap);
-    }
-    if (options_.chevron) {
-        const int edge = Type::scaled(12);
-        places.chevron = QRect(inner.right() - edge + 1, places.row.center().y() - edge / 2 + 1, edge, edge);
-        inner.setRight(places.chevron.left() - 1 - textGap - 2);
-    }
+    const QRect inner = roomForTexts(places.row);
+    const auto centred = [&places](int left, int edge) {
+        return QRect(left, places.row.center().y() - edge / 2 + 1, edge, edge);
+    };
+    places.chip = centred(places.row.left() + roomAcross, Type::scaled(chipEdge));
+    places.chevron = centred(inner.right() + 1 + textGap + 2, Type::scaled(chevronEdge));
     const int first = firstLineHeight();
     places.title = QRect(inner.left(), inner.top(), inner.width(), first);
     int linesRight = inner.right();
-    if (row.showsPill()) {
-        const int wanted = PlainText::width(StatusPill::wording(row.pill), Type::group) + 20;
-        places.pillWidth = qMin(wanted, inner.width() / pillShare);
-        const bool centred = options_.pill == Pill::centred;
-        const int top = centred ? places.row.center().y() - Height::pill() / 2 + 1
-                                : inner.top() + (first - Height::pill()) / 2;
+    const int pillWidth
+        = row.showsPill() ? PlainText::width(StatusPill::wording(row.pill), Type::group) + 20 : 0;
+    if (pillWidth > 0 && !isStacked_) {
+        places.pillWidth = qMin(pillWidth, inner.width() / pillShare);
+        const bool besideAll = options_.pill == Pill::centred;
+        const int top = besideAll ? places.row.center().y() - Height::pill() / 2 + 1
+                                  : inner.top() + (first - Height::pill()) / 2;
         places.pillTopRight = {inner.right() + 1, top};
         places.title.setRight(inner.right() - places.pillWidth - textGap);
-        if (centred)
+        if (besideAll)
             linesRight = places.title.right();
     }
     int top = inner.top() + first;
@@ -128,6 +158,16 @@ ListRowDelegate::Places ListRowDelegate::placesOf(const ListRow& row, const QRec
             top += metaGap;
         places.lines += QRect(QPoint(inner.left(), top), QPoint(linesRight, top + height - 1));
         top += height;
+    }
+    if (isStacked_) {
+        places.pillWidth = qMin(pillWidth, inner.width());
+        places.pillTopRight = {inner.left() + places.pillWidth, top + abovePill};
+        places.word = QRect(inner.left(), top, inner.width(), Type::lineHeight(Type::caption));
+    } else if (!row.trailing.isEmpty()) {
+        QRect& last = places.lines.last();
+        const int width = qMin(PlainText::width(row.trailing, Type::caption), last.width() / 2);
+        places.word = QRect(last.right() - width + 1, last.top(), width, last.height());
+        last.setRight(places.word.left() - 1 - textGap);
     }
     return places;
 }
@@ -168,12 +208,6 @@ void ListRowDelegate::paint(
     for (int line = 0; line < places.lines.size(); ++line) {
         auto box = places.lines[line];
         const bool last = line == places.lines.size() - 1;
-        if (last && !row.trailing.isEmpty()) {
-            const int width = qMin(PlainText::width(row.trailing, Type::caption), box.width() / 2);
-            const QRect word(box.right() - width + 1, box.top(), width, box.height());
-            PlainText::draw(*painter, visual(word), row.trailing, Type::caption, steel);
-            box.setRight(word.left() - 1 - textGap);
-        }
         if (last && options_.metaLine) {
             const int edge = Type::scaled(14);
             const QRect icon(box.left(), box.center().y() - edge / 2 + 1, edge, edge);
@@ -185,6 +219,7 @@ void ListRowDelegate::paint(
             PlainText::draw(*painter, visual(box), row.lines.value(line, row.meta), Type::small, steel);
         }
     }
+    PlainText::draw(*painter, visual(places.word), row.trailing, Type::caption, steel);
     if (options_.chevron)
         Symbols::paint(*painter, visual(places.chevron), mirrored ? u"chevron.left"_s : u"chevron.right"_s,
             Palette::color(Brand::muted));

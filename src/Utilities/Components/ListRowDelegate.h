@@ -7,7 +7,8 @@
 #include <functional>
 
 /// Draws the rows of a list. Every row of a list is equally high, whatever its texts; what does not fit is
-/// elided and shown whole in a tool tip.
+/// elided and shown whole in a tool tip. In a narrow list, which large text makes of most, what stands beside
+/// the texts otherwise stands under them.
 class ListRowDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -31,6 +32,7 @@ public:
         Pill pill = Pill::besideTitle;
         int padding = 12; ///< above and below the texts
         int gap = 2; ///< between a row and the next one
+        bool word = false; ///< whether the rows have a word at the end of their last line
         bool onlyRead = false; ///< a line between the rows, and neither highlights nor room between them
         int trailingRoom = 0; ///< left free at the trailing end, for a control of its own
     };
@@ -41,6 +43,9 @@ public:
 
     /// Whether the current row of a focused list is outlined; a list that was clicked need not say so.
     void setShowsFocus(bool shows) { showsFocus_ = shows; }
+    /// \param width  of the rows, in pixels
+    /// \returns whether this makes the rows of another height
+    bool setWidth(int width);
 
     void paint(
         QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
@@ -51,7 +56,11 @@ public:
 private:
     struct Places;
     Places placesOf(const ListRow& row, const QRect& area) const;
+    /// Between chip and chevron.
+    QRect roomForTexts(const QRect& row) const;
     int firstLineHeight() const;
+    /// Of what stands under the texts where there is no room beside them, with the room above it.
+    int heightUnder() const;
     /// Between the texts of a row and the next row.
     int rowGap() const;
     void paintDivider(QPainter& painter, const QRect& row) const;
@@ -59,4 +68,5 @@ private:
     Reader reader_;
     Options options_;
     bool showsFocus_ = true;
+    bool isStacked_ = false;
 };

@@ -93,6 +93,15 @@ void RowList::scrollTo(const QModelIndex& index, ScrollHint hint)
     page->ensureVisible(middle.x(), middle.y(), 0, row.height() / 2 + pageMargin);
 }
 
+void RowList::resizeEvent(QResizeEvent* event)
+{
+    QListView::resizeEvent(event);
+    if (delegate_->setWidth(viewport()->width())) {
+        scheduleDelayedItemsLayout();
+        updateGeometry();
+    }
+}
+
 void RowList::focusInEvent(QFocusEvent* event)
 {
     const bool comesBack

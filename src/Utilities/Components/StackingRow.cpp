@@ -5,7 +5,8 @@
 
 #include <algorithm>
 
-StackingRow::StackingRow(int spacing, QWidget* parent) : QWidget(parent), row_(Layouts::row(spacing))
+StackingRow::StackingRow(int across, int down, QWidget* parent)
+    : QWidget(parent), row_(Layouts::row(across)), across_(across), down_(down)
 {
     setLayout(row_);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
@@ -50,9 +51,11 @@ void StackingRow::arrange()
         if (item->isEmpty() || item->spacerItem())
             continue;
         const QSize size = row_->stretch(place) > 0 ? item->minimumSize() : item->sizeHint();
-        needed += size.width() + (shown > 0 ? row_->spacing() : 0);
+        needed += size.width() + (shown > 0 ? across_ : 0);
         ++shown;
     }
     const int least = std::max(needed, Type::scaled(stackedBelow_));
-    row_->setDirection(least <= width() ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    const bool areBeside = least <= width();
+    row_->setDirection(areBeside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    row_->setSpacing(areBeside ? across_ : down_);
 }

@@ -11,7 +11,10 @@ class StackingRow : public QWidget
 
 public:
     /// \param spacing  between the widgets, in pixels
-    explicit StackingRow(int spacing, QWidget* parent = nullptr);
+    explicit StackingRow(int spacing, QWidget* parent = nullptr) : StackingRow(spacing, spacing, parent) { }
+    /// \param across  between widgets side by side
+    /// \param down  between widgets below one another
+    StackingRow(int across, int down, QWidget* parent = nullptr);
 
     void add(QWidget* widget, int stretch = 0, Qt::Alignment alignment = {});
     /// Keeps what follows at the trailing end of the row.
@@ -28,5 +31,7 @@ private:
     void arrange();
 
     QBoxLayout* row_;
+    int across_;
+    int down_;
     int stackedBelow_ = 0;
 };

@@ -30,7 +30,7 @@ Switch::Switch(const QString& label, QWidget* parent)
     setText(text.replace(u'&', u"&&"_s));
     setAccessibleName(label);
     setAttribute(Qt::WA_Hover);
-    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Minimum);
     // The focus ring goes around the track alone; this stands where the track is drawn.
     track_->setAttribute(Qt::WA_TransparentForMouseEvents);
     FocusRing::attach(this, trackSize().height() / 2, track_);
@@ -40,6 +40,7 @@ Switch::Switch(const QString& label, QWidget* parent)
 void Switch::setLabelVisible(bool visible)
 {
     labelVisible_ = visible;
+    setSizePolicy(QSizePolicy::Maximum, visible ? QSizePolicy::Minimum : QSizePolicy::Fixed);
     updateGeometry();
     update();
 }
@@ -48,6 +49,16 @@ QSize Switch::sizeHint() const
 {
     const int label = labelVisible_ ? gap + PlainText::width(label_, Type::label) : 0;
     return {trackSize().width() + label, labelVisible_ ? Height::control() : trackSize().height()};
+}
+
+int Switch::heightForWidth(int width) const
+{
+    return qMax(Height::control(), labelLines(width).height());
+}
+
+PlainText::Paragraph Switch::labelLines(int width) const
+{
+    return {label_, Type::label, qMax(0, width - trackSize().width() - gap)};
 }
 
 QSize Switch::minimumSizeHint() const
@@ -70,10 +81,11 @@ void Switch::paintEvent(QPaintEvent*)
     paintTrack(painter, track);
     if (!labelVisible_)
         return;
+    const PlainText::Paragraph lines = labelLines(width());
     const auto label = QStyle::visualRect(layoutDirection(), rect(),
-        QRect(trackSize().width() + gap, 0, width() - trackSize().width() - gap, height()));
-    PlainText::draw(
-        painter, label, label_, Type::label, Palette::color(isEnabled() ? Brand::ink : Brand::muted));
+        QRect(trackSize().width() + gap, (height() - lines.height()) / 2, width() - trackSize().width() - gap,
+            lines.height()));
+    lines.draw(painter, label, Palette::color(isEnabled() ? Brand::ink : Brand::muted));
 }
 
 void Switch::paintTrack(QPainter& painter, const QRectF& track) const

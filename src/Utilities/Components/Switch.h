@@ -1,8 +1,11 @@
 #pragma once
 
+#include "PlainText.h"
+
 #include <QCheckBox>
 
-/// An on/off choice with its label on the right. The whole row can be clicked.
+/// An on/off choice with its label on the right, which takes several lines where there is no room for one.
+/// The whole row can be clicked.
 class Switch : public QCheckBox
 {
     Q_OBJECT
@@ -21,6 +24,8 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    bool hasHeightForWidth() const override { return labelVisible_; }
+    int heightForWidth(int width) const override;
 
 signals:
     void valueChanged(bool on);
@@ -31,6 +36,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    /// The label as it is broken in a switch of this width.
+    PlainText::Paragraph labelLines(int width) const;
     void paintTrack(QPainter& painter, const QRectF& track) const;
 
     QWidget* track_;

@@ -9,8 +9,13 @@ SymbolLine::SymbolLine(const QString& systemImage, const QString& text, QWidget*
     : QWidget(parent), symbol_(new SymbolView(systemImage, IconSize::button(), Brand::blue)),
       text_(new PlainLabel(text))
 {
-    text_->setFit(PlainLabel::Fit::elide);
-    setLayout(Layouts::row(8, {symbol_, text_}));
+    auto* beside = Layouts::column(0, {symbol_});
+    beside->setContentsMargins(0, (Type::lineHeight(Type::body) - IconSize::button()) / 2, 0, 0);
+    beside->addStretch();
+    auto* row = Layouts::row(8);
+    row->addLayout(beside);
+    row->addWidget(text_, 1);
+    setLayout(row);
 }
 
 void SymbolLine::setText(const QString& text)

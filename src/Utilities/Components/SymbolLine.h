@@ -7,7 +7,8 @@
 class PlainLabel;
 class SymbolView;
 
-/// A symbol and a text on one line, such as a date in a list of facts.
+/// A symbol before a text, such as a date in a list of facts. It stands beside the first line of a text that
+/// takes several.
 class SymbolLine : public QWidget
 {
     Q_OBJECT

@@ -13,6 +13,7 @@
 #include "Components/SecureField.h"
 #include "Components/SegmentedControl.h"
 #include "Components/SoftDivider.h"
+#include "Components/StackingRow.h"
 #include "Components/Switch.h"
 #include "Launch.h"
 #include "Layouts.h"
@@ -26,6 +27,8 @@ namespace {
 
 constexpr int betweenParts = 16;
 constexpr int betweenLines = 12;
+/// Of a field that shows a telephone number whole, with what parts it from the next.
+constexpr int narrowestField = 106;
 /// From the top of a line's chip to that of the switch beside it, so that their middles agree.
 constexpr int switchInset = 6;
 
@@ -46,13 +49,14 @@ Field* field(const QString& caption, QProperty<QString>& property)
     return made;
 }
 
-/// Fields of equal width beside one another.
+/// Fields of equal width beside one another, below one another where large text needs the width.
 QWidget* row(std::initializer_list<QWidget*> fields)
 {
-    auto* row = Layouts::row(Spacing::fieldsAcross);
+    auto* row = new StackingRow(Spacing::fieldsAcross, Spacing::fieldsDown);
+    row->setStackedBelow(int(fields.size()) * narrowestField);
     for (QWidget* each : fields)
-        row->addWidget(each, 1);
-    return Layouts::holding(row);
+        row->add(each, 1);
+    return row;
 }
 
 /// A button at the end of its card, which Enter in one of the fields stands for.

@@ -10,6 +10,7 @@ static ListRowDelegate::Options rowShape()
     shape.chip = true;
     shape.chevron = false;
     shape.pill = ListRowDelegate::Pill::none;
+    shape.word = true;
     shape.padding = 8;
     return shape;
 }

@@ -8,6 +8,7 @@
 #include "Components/ComboBox.h"
 #include "Components/OptionCard.h"
 #include "Components/SectionTitle.h"
+#include "Components/StackingRow.h"
 #include "Components/Switch.h"
 #include "Components/TextEditor.h"
 #include "Components/TextField.h"
@@ -82,8 +83,8 @@ Card* BookingSections::document(BookRemoteNotaryModel& model)
 
 Card* BookingSections::extras(BookRemoteNotaryModel& model)
 {
-    auto* witness = FieldRows::switchRow(u"Witness Required"_s);
-    auto* apostille = FieldRows::switchRow(u"Apostille Needed"_s);
+    auto* witness = new Switch(u"Witness Required"_s);
+    auto* apostille = new Switch(u"Apostille Needed"_s);
     auto* notes = new TextEditor(u"Additional Notes"_s, {}, notesHeight);
     bind(witness, model.witnessRequired);
     bind(apostille, model.apostilleNeeded);

@@ -2,7 +2,6 @@
 
 #include "Bindings.h"
 #include "Booking/BookRemoteNotaryModel.h"
-#include "Booking/FieldRows.h"
 #include "Components/CompactStatCard.h"
 #include "Components/PlainLabel.h"
 #include "Components/Stepper.h"
@@ -57,7 +56,7 @@ QWidget* FeePanel::makeCount(BookRemoteNotaryModel& model)
     auto* label = new PlainLabel({}, Type::label);
     auto* count = new Stepper(u"Number of Signatures"_s, BookRemoteNotaryModel::leastSignatures,
         BookRemoteNotaryModel::mostSignatures);
-    auto* unknown = FieldRows::switchRow(u"Unknown"_s);
+    auto* unknown = new Switch(u"Unknown"_s);
     label->setBuddy(count);
     bind(count, model.actCount);
     bind(unknown, model.actUnknown);

@@ -1,11 +1,12 @@
 #include "Booking/FieldRows.h"
 
-#include "Components/Switch.h"
+#include "Components/StackingRow.h"
 #include "Components/TextField.h"
-#include "Layouts.h"
 #include "Spacing.h"
 
 using namespace Qt::StringLiterals;
+
+static constexpr int besideFrom = 270;
 
 TextField* FieldRows::name()
 {
@@ -22,18 +23,12 @@ TextField* FieldRows::phone()
     return new TextField(u"Phone"_s, u"(555) 010-0100"_s);
 }
 
-Switch* FieldRows::switchRow(const QString& label)
+StackingRow* FieldRows::threeToTwo(QWidget* first, QWidget* second)
 {
-    auto* row = new Switch(label);
-    row->setFixedHeight(Height::control());
-    return row;
-}
-
-QHBoxLayout* FieldRows::threeToTwo(QWidget* first, QWidget* second)
-{
-    QHBoxLayout* row = Layouts::row(Spacing::fieldsAcross, {first, second});
-    row->setStretch(0, 3);
-    row->setStretch(1, 2);
+    auto* row = new StackingRow(Spacing::fieldsAcross, Spacing::fieldsDown);
+    row->setStackedBelow(besideFrom);
+    row->add(first, 3);
+    row->add(second, 2);
     return row;
 }
 

@@ -2,8 +2,7 @@
 
 #include "Components/ComboBox.h"
 
-class QHBoxLayout;
-class Switch;
+class StackingRow;
 class TextField;
 
 /// Fields that appear more than once in the booking form, and how they stand in rows.
@@ -12,11 +11,10 @@ namespace FieldRows {
 TextField* name();
 TextField* email();
 TextField* phone();
-/// A switch as high as a field.
-Switch* switchRow(const QString& label);
 
-/// Two fields side by side that share the width three to two.
-QHBoxLayout* threeToTwo(QWidget* first, QWidget* second);
+/// Two fields side by side that share the width three to two; one below the other where large text leaves too
+/// little room for a telephone number.
+StackingRow* threeToTwo(QWidget* first, QWidget* second);
 
 /// Options whose values are their texts.
 QList<ComboBox::Option> options(const QList<QString>& texts);

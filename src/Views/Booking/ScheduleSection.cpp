@@ -2,7 +2,6 @@
 
 #include "Bindings.h"
 #include "Booking/BookRemoteNotaryModel.h"
-#include "Booking/FieldRows.h"
 #include "Components/DateTimeField.h"
 #include "Components/PlainLabel.h"
 #include "Components/SectionTitle.h"
@@ -71,7 +70,7 @@ private:
 
 ScheduleSection::ScheduleSection(BookRemoteNotaryModel& model)
 {
-    auto* asap = FieldRows::switchRow(u"ASAP, earliest available"_s);
+    auto* asap = new Switch(u"ASAP, earliest available"_s);
     bind(asap, model.asap);
     QWidget* appointment = makeAppointment(model);
 

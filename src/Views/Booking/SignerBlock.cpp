@@ -5,11 +5,10 @@
 #include "Booking/FieldRows.h"
 #include "Components/DateField.h"
 #include "Components/PlainLabel.h"
+#include "Components/StackingRow.h"
 #include "Components/TextField.h"
 #include "Screen/NewYorkTime.h"
 #include "Spacing.h"
-
-#include <QHBoxLayout>
 
 using namespace Qt::StringLiterals;
 

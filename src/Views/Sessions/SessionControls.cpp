@@ -86,7 +86,6 @@ Card* SessionControls::notary(SessionDetailModel& model)
     FieldGrid* fields = scheduleFields(model);
     fields->add(textField(u"Status Note"_s, {}, model.statusNote), FieldGrid::twoThirds, FieldGrid::half);
     auto* witness = new Switch(u"Witness Required"_s);
-    witness->setFixedHeight(Height::control());
     bind(witness, model.requiresWitness);
     fields->add(witness, FieldGrid::third, FieldGrid::half);
     fields->add(
@@ -95,7 +94,7 @@ Card* SessionControls::notary(SessionDetailModel& model)
     auto* save = new PrimaryButton(u"Save Notary Update"_s);
     showWork(save, model, Work::notaryUpdate);
     QObject::connect(save, &Button::clicked, save, [&model] { launch(model.saveNotary()); });
-    save->setElides(true);
+    save->setWraps(true);
     auto* buttons = new StackingRow(Spacing::buttons);
     buttons->addStretch();
     buttons->add(save);
@@ -110,7 +109,7 @@ Card* SessionControls::admin(SessionDetailModel& model)
 
     auto* remove = new DestructiveButton(u"Delete Session"_s, u"trash"_s);
     auto* save = new PrimaryButton(u"Save Admin Changes"_s);
-    remove->setElides(true);
+    remove->setWraps(true);
     showWork(remove, model, Work::deletion);
     showWork(save, model, Work::adminChanges);
     QObject::connect(remove, &Button::clicked, remove, [remove, &model] {
@@ -118,7 +117,7 @@ Card* SessionControls::admin(SessionDetailModel& model)
         QObject::connect(question, &QDialog::accepted, remove, [&model] { launch(model.deleteSession()); });
     });
     QObject::connect(save, &Button::clicked, save, [&model] { launch(model.saveAdmin()); });
-    save->setElides(true);
+    save->setWraps(true);
     auto* buttons = new StackingRow(Spacing::buttons);
     buttons->add(remove);
     buttons->addStretch();

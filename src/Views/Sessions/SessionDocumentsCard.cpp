@@ -1,5 +1,6 @@
 #include "Sessions/SessionDocumentsCard.h"
 
+#include "Accessibility.h"
 #include "AlertPresenter.h"
 #include "Bindings.h"
 #include "Components/PlainLabel.h"
@@ -30,8 +31,11 @@ SessionDocumentsCard::SessionDocumentsCard(
     std::shared_ptr<SessionDocumentsModel> model, QScrollArea& page, QWidget* parent)
     : Card(Spacing::card, parent), chooseFiles(chooseSessionFiles), model_(std::move(model))
 {
-    add(new SectionTitle(u"Session Documents"_s,
-        u"Drag and drop files into this session and label exactly what each item is."_s));
+    const QString title = u"Session Documents"_s;
+    Accessibility::setRole(this, QAccessible::Grouping);
+    setAccessibleName(title);
+    add(new SectionTitle(
+        title, u"Drag and drop files into this session and label exactly what each item is."_s));
     addDocuments(page);
     addDropArea();
     add(new PendingUploads(*model_, u"Ready to Upload"_s, PendingFileList::Detail::shown, page, *choose_));
@@ -74,7 +78,7 @@ void SessionDocumentsCard::addDropArea()
             u"The desktop app does not impose a file-count limit. Your server upload settings still control "
             "maximum file size."_s});
     choose_ = new SecondaryButton(u"Choose Files for This Session"_s);
-    choose_->setElides(true);
+    choose_->setWraps(true);
     area->addButton(choose_);
     connect(choose_, &Button::clicked, this, &SessionDocumentsCard::choose);
     connect(area, &DropArea::filesDropped, model_.get(), &UploadsModel::addRegularFiles);
@@ -89,7 +93,7 @@ void SessionDocumentsCard::choose()
 void SessionDocumentsCard::addUploadButton()
 {
     auto* upload = new PrimaryButton(u"Upload Files to Session"_s);
-    upload->setElides(true);
+    upload->setWraps(true);
     connect(upload, &Button::clicked, this, [this] { launch(model_->uploadPendingFiles()); });
     follow(upload, model_->isUploadingFiles, [upload](bool uploading) { upload->setLoading(uploading); });
     const auto enable = [this, upload] { upload->setEnabled(!model_->pendingUploads().isEmpty()); };

@@ -1,5 +1,6 @@
 #include "Sessions/SessionMessagesCard.h"
 
+#include "Accessibility.h"
 #include "AlertPresenter.h"
 #include "Bindings.h"
 #include "Components/PlainLabel.h"
@@ -25,7 +26,10 @@ static constexpr int besideEditor = 8;
 SessionMessagesCard::SessionMessagesCard(std::shared_ptr<SessionMessagesModel> model, QWidget* parent)
     : Card(Spacing::card, parent), model_(std::move(model))
 {
-    add(new SectionTitle(u"Messages"_s));
+    const QString title = u"Messages"_s;
+    Accessibility::setRole(this, QAccessible::Grouping);
+    setAccessibleName(title);
+    add(new SectionTitle(title));
     addThread();
     addEditor();
     content()->setSpacing(Spacing::fieldsDown);
