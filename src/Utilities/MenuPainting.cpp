@@ -75,11 +75,11 @@ void text(QPainter& painter, const QStyleOptionMenuItem& option)
 /// \param mark  whether the letter that chooses it is underlined: Qt::TextShowMnemonic or
 /// Qt::TextHideMnemonic
 void title(QPainter& painter, const QRect& box, const QString& text, const Type::Style& style,
-    const QColor& color, int alignment, Qt::TextFlag mark)
+    const QColor& color, Qt::Alignment alignment, Qt::TextFlag mark)
 {
     painter.setFont(Type::font(style));
     painter.setPen(color);
-    painter.drawText(box, alignment | Qt::TextSingleLine | mark, text);
+    painter.drawText(box, static_cast<int>(alignment) | Qt::TextSingleLine | mark, text);
 }
 
 QColor textColor(const QStyleOptionMenuItem& option, bool highlighted)
