@@ -12,8 +12,6 @@ FIELDS = {"text", "password text", "combo box", "spin button"}
 # What is told by its name, whether or not somebody works with it.
 NAMED = FIELDS | {"push button", "radio button", "check box", "slider", "list", "list item", "table", "menu", "menu item",
                   "progress bar", "label", "alert", "dialog", "frame"}
-# In which nothing lies, so that nobody has to ask.
-LEAVES = {"label", "push button", "radio button", "scroll bar"}
 # What everybody must answer before anything else, so that the keyboard has to be there.
 MODAL = {"alert", "dialog"}
 
@@ -53,7 +51,7 @@ class _Told:
     def __init__(self, node):
         self.node = node
 
-    @cached_property
+    @property
     def role(self):
         return self.node.role
 
@@ -68,8 +66,8 @@ class _Told:
 
     @property
     def is_shown(self):
-        """Also for a row that is out of sight only until somebody scrolls."""
-        return "showing" in self.states or self.role == "list item"
+        """Also what is out of sight only until somebody scrolls, but for the rows of a list."""
+        return "showing" in self.states
 
     @property
     def is_worked(self):
@@ -77,8 +75,7 @@ class _Told:
 
     @property
     def children(self):
-        children = [] if self.role in LEAVES else self.node.children
-        return [child for child in map(_Told, children) if child.is_shown]
+        return [child for child in map(_Told, self.node.children) if child.is_shown]
 
 
 class _Group:

@@ -29,15 +29,18 @@ def move(x, y):
 
 
 def click(x, y, holding=None):
-    move(x, y)
     held = ["keydown", holding] if holding else []
     released = ["keyup", holding] if holding else []
-    _xdotool(*held, "click", "1", *released)
+    _xdotool("mousemove", str(x), str(y), *held, "click", "1", *released)
+
+
+def context_click(x, y):
+    move(x, y)
+    _xdotool("click", "3")
 
 
 def wheel(x, y, direction, notches=1):
-    move(x, y)
-    _xdotool("click", "--repeat", str(notches), "--delay", "1", direction)
+    _xdotool("mousemove", str(x), str(y), "click", "--repeat", str(notches), "--delay", "1", direction)
 
 
 def press(*keys):

@@ -10,6 +10,8 @@ from waiting import wait_for
 
 # How far inside the edge of a scrolling area the pointer rests while its wheel turns: on no control.
 MARGIN = 6
+# No notch of the wheel scrolls by more pixels, so that nobody scrolls past what is looked for.
+LONGEST_NOTCH = 80
 
 
 class Person:
@@ -35,11 +37,20 @@ class Person:
         """Scrolls until the whole control is in sight."""
         while area := node.clipping_ancestor():
             self.reveal(area)
-            before = node.rect
-            seen = area.rect
-            direction = hands.WHEEL_UP if before.y < seen.y else hands.WHEEL_DOWN
-            hands.wheel(seen.x + MARGIN, seen.y + seen.height // 2, direction)
-            wait_for(lambda: node.rect != before, f'"{node.name}" to scroll into sight')  # noqa: B023
+            before, seen = node.rect, area.rect
+            above, below = seen.y - before.y, before.bottom - seen.bottom
+            direction, distance = (hands.WHEEL_UP, above) if above > 0 else (hands.WHEEL_DOWN, below)
+            hands.wheel(seen.x + MARGIN, seen.y + seen.height // 2, direction, max(1, distance // LONGEST_NOTCH))
+            self._wait_until_scrolled(node, before)
+
+    def _wait_until_scrolled(self, node, before):
+        places = [before]
+
+        def has_come_to_rest():
+            places.append(node.rect)
+            return places[-1] == places[-2] != before
+
+        wait_for(has_come_to_rest, f'"{node.name}" to scroll into sight', interval=0.02)
 
     def fill(self, name, text, within=None, role="text"):
         """Replaces what a field of one line says, or what its several lines say, by a text of one line."""

@@ -60,7 +60,7 @@ class Album:
             seen.append(self.look(rect))
             return seen[-LOOKS:] == [seen[-1]] * LOOKS
 
-        wait_for(is_still, f"the screen to come to rest for the picture {name}")
+        wait_for(is_still, f"the screen to come to rest for the picture {name}", interval=0.03)
         self._save(name, rect.width, seen[-1])
 
     def take_at_once(self, name, rect):

@@ -1,5 +1,6 @@
 """What a screen reader sees of the client: controls by role and name, where they are, and what they say."""
 
+from functools import cached_property
 from typing import NamedTuple
 
 import gi
@@ -11,6 +12,8 @@ from waiting import wait_for  # noqa: E402
 
 # A list may hold thousands of rows; only those near its beginning are ever on the screen here.
 MOST_CHILDREN = 300
+# In which nothing lies, so that nobody has to ask.
+LEAVES = {"label", "push button", "radio button", "scroll bar"}
 # What lies inside one of these is not clipped by what lies around it. A picker's list opens over the picker.
 IN_ITS_OWN_WINDOW = {"application", "frame", "dialog", "alert", "combo box"}
 
@@ -22,6 +25,10 @@ class Rect(NamedTuple):
     y: int
     width: int
     height: int
+
+    @property
+    def bottom(self):
+        return self.y + self.height
 
     @property
     def centre(self):
@@ -40,7 +47,7 @@ class Rect(NamedTuple):
 
     def reaches_around(self, other):
         """Whether the other lies within this one from top to bottom; nothing here scrolls sideways."""
-        return self.y <= other.y and other.y + other.height <= self.y + self.height
+        return self.y <= other.y and other.bottom <= self.bottom
 
 
 class Node:
@@ -49,7 +56,7 @@ class Node:
     def __init__(self, accessible):
         self._accessible = accessible
 
-    @property
+    @cached_property
     def role(self):
         return self._accessible.get_role_name()
 
@@ -97,6 +104,8 @@ class Node:
 
     @property
     def children(self):
+        if self.role in LEAVES:
+            return []
         count = min(self._accessible.get_child_count(), MOST_CHILDREN)
         children = (self._accessible.get_child_at_index(index) for index in range(count))
         return [Node(child) for child in children if child]

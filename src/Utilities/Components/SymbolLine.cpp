@@ -9,6 +9,7 @@ SymbolLine::SymbolLine(const QString& systemImage, const QString& text, QWidget*
     : QWidget(parent), symbol_(new SymbolView(systemImage, IconSize::button(), Brand::blue)),
       text_(new PlainLabel(text))
 {
+    text_->setAlignment(Qt::AlignLeading | Qt::AlignTop);
     auto* beside = Layouts::column(0, {symbol_});
     beside->setContentsMargins(0, (Type::lineHeight(Type::body) - IconSize::button()) / 2, 0, 0);
     beside->addStretch();

@@ -42,7 +42,7 @@ SessionSummaryCard::SessionSummaryCard(QWidget* parent)
     cancel_->setButtonSize(Button::Size::small);
     auto* row = new StackingRow(Spacing::fieldsAcross);
     row->setStackedBelow(twoColumnsFrom);
-    row->add(notary_, 1);
+    row->add(notary_, 1, Qt::AlignVCenter);
     row->addStretch();
     row->add(cancel_);
     lastRow_ = row;

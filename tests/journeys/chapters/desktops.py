@@ -103,6 +103,8 @@ def _client_screens(stage):
 
 def _booking(stage):
     """The form down to its end."""
+    # All of it, from wherever the page was.
+    stage.person.reveal(stage.screen.wait("label", "Signer 1"))
     _picture_of(stage, "ID Expiration", "booking-signer", "spin button")
     _picture_of(stage, "Submit Remote Notary Request", "booking-end")
 
