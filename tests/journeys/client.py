@@ -20,6 +20,8 @@ class Conditions:
     arguments: tuple = ()
     # Pixels of the display for one of the program.
     scale: float = 1
+    # Whether that is what the program begins with.
+    opens_window: bool = True
 
 
 class Client:
@@ -29,7 +31,9 @@ class Client:
     def __init__(self, build, desktop, bridge, conditions=Conditions()):
         self._home = desktop.home
         self._program = build / "bin" / "quorvel"
-        self._environment = (desktop.environment | {"SSL_CERT_FILE": str(bridge.authority)}
+        # The desktop finds the program's icons as if these were installed.
+        self._environment = (desktop.environment | {"SSL_CERT_FILE": str(bridge.authority),
+                                                    "XDG_DATA_DIRS": f"{build / 'share'}:/usr/share"}
                              | conditions.environment)
         self._scale = conditions.scale
         # Of all runs, one behind the other.
@@ -39,7 +43,8 @@ class Client:
                 [self._program, *conditions.arguments], self._environment, stdout=log, stderr=log)
         self.screen = Screen(self.process.pid)
         self.person = Person(self.screen)
-        self.wait_for_window()
+        if conditions.opens_window:
+            self.wait_for_window()
 
     @property
     def window(self):
@@ -48,6 +53,9 @@ class Client:
 
     def wait_for_window(self):
         return wait_for(self._window, "the main window")
+
+    def has_window(self):
+        return self._window() is not None
 
     def wait_until_closed(self):
         wait_for(lambda: not self._window(), "the main window to close")

@@ -6,12 +6,13 @@ import argparse
 import signal
 import sys
 import time
+from functools import partial
 from pathlib import Path
 
 from accessibility import Inspector
 from bridge import Bridge, NoWayToBridge
 from chapters import (booking, business, conversation, desktops, leaving, looks, notary, office, people, records,
-                      sessions, settings, signing_in, staff)
+                      sessions, settings, signing_in, staff, trays)
 from client import Client, Conditions
 from display import Desktop
 from pictures import Album
@@ -41,16 +42,19 @@ class Journey:
             chapter(self.stage)
 
     def _chapters(self):
-        return [*self._as_client(), *_as_notary(), *_as_business(), *self._in_the_office(), *self._at_the_end()]
+        return [*self._as_client(), *_as_notary(), *_as_both(), *_as_business(), *self._in_the_office(),
+                *self._among_trays(), *self._at_the_end()]
 
     def _as_client(self):
         files = booking.make_files(self._desktop.home)
         more_files = conversation.make_files(self._desktop.home)
         return [
             ("the first start", signing_in.first_start),
+            ("nobody's menu in the tray", trays.for_nobody),
             ("the sign-in gate", signing_in.gate),
             ("a wrong password", signing_in.wrong_password),
             ("a client signs in", signing_in.client_signs_in),
+            ("a client's menu in the tray", trays.for_client),
             ("an incomplete booking", booking.missing_information),
             ("a booking is filled in", booking.fill),
             ("and found again after a look elsewhere", booking.come_back),
@@ -74,6 +78,7 @@ class Journey:
     def _in_the_office(self):
         return [
             ("an admin signs in", staff.admin_signs_in),
+            ("the office's menu in the tray", trays.for_office),
             ("another workspace", staff.switch_role),
             ("the office's dashboard", office.see_dashboard),
             ("a session is assigned", office.assign),
@@ -93,6 +98,11 @@ class Journey:
             ("the staff's screens, light", staff.workspaces),
             ("window sizes, light", looks.sizes),
         ]
+
+    def _among_trays(self):
+        starts = [(title, partial(chapter, start=self._start)) for title, chapter in trays.STARTS]
+        return [("the tray goes and comes back", trays.go_and_come_back), *starts,
+                ("back to an ordinary start", lambda stage: self._start())]
 
     def _at_the_end(self):
         return [
@@ -117,10 +127,15 @@ class Journey:
         client = Client(self._build, self._desktop, bridge, conditions)
         self.stage = Stage(client, bridge, self._album, self._inspector, tray, scheme, self._secrets)
 
+    def _start(self, conditions=Conditions()):
+        """Once the client has ended. Returns the new stage."""
+        self._meet(self.stage.bridge, self.stage.tray, self.stage.scheme, conditions)
+        return self.stage
+
     def _restart(self, stage):
         """Whoever was signed in still is, in the scheme that was chosen."""
         leaving.quit_from_tray(stage)
-        self._meet(stage.bridge, stage.tray, stage.scheme)
+        self._start()
         leaving.expect_still_signed_in(self.stage)
 
     def _glance_at_desktops(self, stage):
@@ -141,7 +156,7 @@ class Journey:
     def _move(self, name, conditions=Conditions()):
         """To another desktop, which the names of its pictures tell."""
         leaving.quit_from_tray(self.stage)
-        self._meet(self.stage.bridge, self.stage.tray, self.stage.scheme, conditions)
+        self._start(conditions)
         self.stage.suffix = f"-{name}"
 
     def show_failure(self):
@@ -156,6 +171,7 @@ class Journey:
 def _as_notary():
     return [
         ("a notary signs in", lambda stage: stage.enter(DEMO_NOTARY)),
+        ("the notary's menu in the tray", trays.for_notary),
         ("the notary's dashboard", notary.see_dashboard),
         ("a call that another notary took", notary.lose_call),
         ("a call is accepted", notary.accept_call),
@@ -166,9 +182,14 @@ def _as_notary():
     ]
 
 
+def _as_both():
+    return [("a notary who works for a business too", trays.for_two_roles)]
+
+
 def _as_business():
     return [
         ("a business signs in", lambda stage: stage.enter(DEMO_BUSINESS)),
+        ("the business's menu in the tray", trays.for_business),
         ("the business's dashboard", business.see_dashboard),
         ("the ways on from there", business.go_on),
         ("dark for the business", looks.choose_dark),

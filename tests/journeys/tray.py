@@ -9,6 +9,7 @@ import gi
 gi.require_version("Gio", "2.0")
 from gi.repository import Gio, GLib  # noqa: E402
 
+from display import end  # noqa: E402
 from waiting import wait_for  # noqa: E402
 
 WATCHER = "org.kde.StatusNotifierWatcher"
@@ -24,12 +25,21 @@ INTERFACE = f"""<node><interface name="{WATCHER}">
 
 
 class Tray:
-    """A desktop with a tray, in which one program has its item."""
+    """A desktop's tray, in which one program has its item. It is there from the start."""
 
     def __init__(self, desktop):
-        desktop.processes.start([sys.executable, __file__], desktop.environment)
+        self.desktop = desktop
         self._bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+        self.start()
+
+    def start(self):
+        """Also again after `stop`."""
+        self._watcher = self.desktop.processes.start([sys.executable, __file__], self.desktop.environment)
         wait_for(lambda: self._is_owned(WATCHER), "the tray")
+
+    def stop(self):
+        end(self._watcher)
+        wait_for(lambda: not self._is_owned(WATCHER), "the tray to go")
 
     def wait_for_item(self):
         wait_for(self._items, "the client's tray item")
@@ -42,6 +52,16 @@ class Tray:
         identifier = next(number for number, properties in self._entries()
                           if _shown(properties.get("label", "")) == title)
         self._call_menu("Event", GLib.Variant("(isvu)", (identifier, "clicked", GLib.Variant("i", 0), 0)))
+
+    def click(self):
+        """As a desktop does that keeps the menu for the other button."""
+        (item,) = self._items()
+        self._bus.call_sync(item, "/StatusNotifierItem", ITEM, "Activate", GLib.Variant("(ii)", (0, 0)), None,
+                            Gio.DBusCallFlags.NONE, -1)
+
+    def icon_name(self):
+        (item,) = self._items()
+        return self._get(item, "/StatusNotifierItem", ITEM, "IconName")
 
     def _entries(self):
         self._call_menu("AboutToShow", GLib.Variant("(i)", (0,)))

@@ -41,6 +41,10 @@ def quit_from_tray(stage):
     stage.tray.wait_for_item()
     expect("Quit Quorvel" in stage.tray.titles(), "The tray's menu has no way out.")
     stage.tray.choose("Quit Quorvel")
+    expect_end(stage)
+
+
+def expect_end(stage):
     expect_equal(stage.client.process.wait(timeout=30), 0, "the exit code")
 
 
