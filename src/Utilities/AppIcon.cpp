@@ -12,7 +12,7 @@ QIcon AppIcon::window()
     const QString file = QCoreApplication::applicationDirPath() + u"/../share/icons/hicolor/%1x%1/apps/"_s
         + AppConfig::applicationId + u".png"_s;
     QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128})
+    for (const int size : {16, 22, 24, 32, 48, 64, 128})
         icon.addFile(file.arg(size), QSize(size, size));
     return icon;
 }
