@@ -5,8 +5,6 @@
 
 #include <cstdint>
 
-struct xcb_connection_t;
-
 /// The tray of an X server's screen, which takes in windows of other programs. Never there without an X
 /// server.
 class XScreenTray : public QObject, private QAbstractNativeEventFilter
@@ -24,9 +22,7 @@ signals:
 
 private:
     bool nativeEventFilter(const QByteArray& kind, void* message, qintptr* result) override;
-    uint32_t atom(const QByteArray& name) const;
 
-    xcb_connection_t* const server_; ///< null without an X server
     const uint32_t selection_; ///< which a tray owns for as long as it is there
     const uint32_t arrival_; ///< the kind of message by which the owner of a selection announces itself
 };

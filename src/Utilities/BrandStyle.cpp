@@ -5,6 +5,7 @@
 #include "MenuPainting.h"
 #include "Paint.h"
 #include "Palette.h"
+#include "RoundedPopup.h"
 #include "Spacing.h"
 
 #include <QApplication>
@@ -98,14 +99,6 @@ bool isListOfPicker(const QWidget* widget)
     return widget && widget->inherits("QComboBoxPrivateContainer");
 }
 
-/// A window of its own with rounded corners.
-void roundCorners(QWidget* popup)
-{
-    popup->setAttribute(Qt::WA_TranslucentBackground);
-    popup->setWindowFlag(Qt::FramelessWindowHint);
-    popup->setWindowFlag(Qt::NoDropShadowWindowHint);
-}
-
 } // namespace
 
 BrandStyle::BrandStyle() : QProxyStyle(u"Fusion"_s) { }
@@ -165,10 +158,12 @@ void BrandStyle::polish(QWidget* widget)
     QProxyStyle::polish(widget);
     if (qobject_cast<QLineEdit*>(widget) || qobject_cast<QScrollBar*>(widget))
         widget->setAttribute(Qt::WA_Hover);
-    if (qobject_cast<QMenu*>(widget))
-        roundCorners(widget);
-    else if (widget->inherits("QTipLabel"))
-        widget->setAttribute(Qt::WA_TranslucentBackground);
+    if (qobject_cast<QMenu*>(widget)) {
+        widget->setWindowFlag(Qt::FramelessWindowHint);
+        widget->setWindowFlag(Qt::NoDropShadowWindowHint);
+        RoundedPopup::prepare(widget, Radius::menu);
+    } else if (widget->inherits("QTipLabel"))
+        RoundedPopup::prepare(widget, Radius::menuItem);
     else if (qobject_cast<QMenuBar*>(widget))
         widget->setFont(Type::font(Type::label));
 }

@@ -6,6 +6,7 @@
 #include "Paint.h"
 #include "Palette.h"
 #include "PlainLabel.h"
+#include "RoundedPopup.h"
 #include "Spacing.h"
 
 #include <QKeyEvent>
@@ -68,9 +69,9 @@ void CalendarPopup::nameMonth()
 
 void CalendarPopup::openBelow(QWidget* field)
 {
-    setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowFlags(Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+    RoundedPopup::prepare(this, Radius::menu);
     adjustSize();
     QRect place(field->mapToGlobal(QPoint(0, field->height() + roomToField)), size());
     const auto screen = field->screen()->availableGeometry();

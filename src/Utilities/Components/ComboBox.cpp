@@ -4,6 +4,7 @@
 #include "Paint.h"
 #include "Palette.h"
 #include "PlainText.h"
+#include "RoundedPopup.h"
 #include "Spacing.h"
 #include "Symbols.h"
 
@@ -34,8 +35,8 @@ ComboBox::ComboBox(const QList<Option>& options, QWidget* parent) : QComboBox(pa
     list->setItemDelegate(new ComboListDelegate(this));
     setView(list);
     auto* popup = list->window();
-    popup->setAttribute(Qt::WA_TranslucentBackground);
     popup->setWindowFlag(Qt::NoDropShadowWindowHint);
+    RoundedPopup::prepare(popup, Radius::menu);
     connect(this, &QComboBox::currentIndexChanged, this, [this](int index) {
         if (index >= 0)
             wanted_ = value();
