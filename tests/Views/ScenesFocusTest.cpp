@@ -76,6 +76,18 @@ class ScenesFocusKept : public WholeWindowTest
 
 } // namespace
 
+TEST_F(ScenesFocusKept, BeginsOnTheEntryOfWhatIsShownWhoeverComes)
+{
+    open({"Nobody", std::nullopt, AppSection::dashboard});
+    EXPECT_EQ(focused(), u"Dashboard"_s);
+    signIn(account(u"Maya Whitfield"_s, {AppRole::notary, AppRole::admin}), AppRole::admin);
+    settle();
+    EXPECT_EQ(focused(), u"Dashboard"_s) << "and not on the picker of roles, which is above it now";
+    auth.signOut();
+    settle();
+    EXPECT_EQ(focused(), u"Dashboard"_s);
+}
+
 TEST_F(ScenesFocusKept, StaysInTheSidebarForWhoeverGoesThroughItsEntries)
 {
     open({"Home", AppRole::client, AppSection::dashboard});

@@ -61,6 +61,7 @@ MainWindow::MainWindow(MainWindowModel& model, AppearanceModel& appearance)
     LeaveGuard& leaving = model_.context().leaving;
     presentQuestions(this, leaving.question, [&leaving](bool leaves) { leaving.answer(leaves); });
     showScreen();
+    sidebar_->focusSelected();
 }
 
 void MainWindow::addApplicationMenu()

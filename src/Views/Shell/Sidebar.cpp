@@ -60,6 +60,8 @@ Sidebar::Audience Sidebar::audience() const
 
 void Sidebar::rebuild()
 {
+    const QWidget* focused = window()->focusWidget();
+    const bool hadFocus = focused && isAncestorOf(focused);
     // Choosing a role rebuilds the very picker that it is chosen in.
     const bool picksRole = rolePicker_ && rolePicker_->hasFocus();
     shownFor_ = audience();
@@ -72,6 +74,16 @@ void Sidebar::rebuild()
     column_->addStretch();
     if (picksRole && rolePicker_)
         rolePicker_->setFocus(Qt::OtherFocusReason);
+    else if (hadFocus)
+        focusSelected();
+}
+
+void Sidebar::focusSelected()
+{
+    for (const auto& [section, entry] : entries_) {
+        if (entry->isChecked())
+            entry->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 int Sidebar::wholeTitlesWidth() const

@@ -19,6 +19,9 @@ public:
 
     /// The width at which no section's title is cut off, which grows with the text.
     int wholeTitlesWidth() const;
+    /// Gives the focus to the entry of the section that is shown: the place from which a person sets out,
+    /// where a key pressed too early changes nothing.
+    void focusSelected();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
