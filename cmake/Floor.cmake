@@ -1,7 +1,7 @@
 # A floor is one static library made of one folder tree. It sees the floors that it is linked with and
 # nothing else: no folder above a floor's own is on its include path.
 #
-# house_options(TARGET): warnings as errors, sanitizers, Qt without deprecated or implicit conversions.
+# house_options(TARGET): warnings as errors, hardening, sanitizers, Qt without deprecated or implicit conversions.
 function(house_options target)
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
@@ -11,6 +11,10 @@ function(house_options target)
     endif()
     target_compile_definitions(${target} PRIVATE
         QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+    # What people run reads the bytes of strangers: it checks its own stack and the bounds that the compiler knows.
+    # The sanitizers check more.
+    target_compile_options(${target} PRIVATE
+        "$<$<CONFIG:Release,RelWithDebInfo>:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
     # All symbols are bound before main() and read-only from then on; libraries that nothing calls are not loaded.
     target_link_options(${target} PUBLIC LINKER:-z,relro,-z,now LINKER:--as-needed)
     if(QUORVEL_SANITIZE)
@@ -23,13 +27,6 @@ function(house_options target)
         endif()
         target_link_options(${target} PUBLIC -fsanitize=${QUORVEL_SANITIZE})
     endif()
-endfunction()
-
-# house_hardening(TARGET): for programs that listen to strangers. What people run of them checks its own stack and the
-# bounds that the compiler knows; the sanitizers check more.
-function(house_hardening target)
-    target_compile_options(${target} PRIVATE
-        "$<$<CONFIG:Release,RelWithDebInfo>:-fstack-protector-strong;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
 endfunction()
 
 # house_floor(TARGET SOURCES... ) makes the library.
