@@ -15,7 +15,8 @@ public:
 
     explicit ContentPane(QWidget* parent = nullptr);
 
-    /// Takes the screen's place, and the keyboard focus when that was inside; the screen shown before is deleted.
+    /// Takes the screen's place, and the keyboard focus when that was inside; the screen shown before is
+    /// deleted.
     void setScreen(QWidget* screen);
     QWidget* screen() const { return screen_; }
 
