@@ -1,5 +1,7 @@
 #include "PaneKeys.h"
 
+#include "FocusRing.h"
+
 #include <QApplication>
 #include <QShortcut>
 #include <QWidget>
@@ -77,6 +79,15 @@ void PaneKeys::install(QWidget* window)
 void PaneKeys::setEntry(QWidget* part, QWidget* entry)
 {
     part->setProperty(entryProperty, QVariant::fromValue(entry));
+}
+
+std::optional<Qt::FocusReason> PaneKeys::focusWithin(const QWidget* part)
+{
+    // Asked of the window, which knows it while it is closed as well.
+    const QWidget* focused = part->window()->focusWidget();
+    if (!focused || !part->isAncestorOf(focused))
+        return std::nullopt;
+    return FocusRing::passedOnFrom(focused);
 }
 
 void PaneKeys::enter(QWidget* part, Qt::FocusReason reason)

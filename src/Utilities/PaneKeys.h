@@ -2,6 +2,8 @@
 
 #include <qnamespace.h>
 
+#include <optional>
+
 class QWidget;
 
 /// F6 and Shift+F6 take the keyboard focus from one pane of a window to the next: the sidebar, a list, what
@@ -15,6 +17,8 @@ void install(QWidget* window);
 /// Says where in a part of a window enter() begins. A focus proxy would take what lies before it out of the
 /// round of the Tab key.
 void setEntry(QWidget* part, QWidget* entry);
+/// How the focus is to be given to what takes the place of a part of a window; nullopt when it is elsewhere.
+std::optional<Qt::FocusReason> focusWithin(const QWidget* part);
 /// Gives the focus to a part of a window that has just taken the place of the one with the focus: to the
 /// first control of its entry, or else to the first of all.
 void enter(QWidget* part, Qt::FocusReason reason);

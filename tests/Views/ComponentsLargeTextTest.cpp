@@ -114,6 +114,22 @@ TEST_F(ComponentsLargeText, FieldsStandBelowOneAnotherWhereTheirCaptionsWouldBeC
     EXPECT_FALSE(areBesideIn(600));
 }
 
+TEST_F(ComponentsLargeText, ACaptionTakesMoreLinesOnceItsFieldStandsAlone)
+{
+    auto* grid = new FieldGrid;
+    auto* field = new TextField(u"Witness Name / Notes"_s);
+    grid->add(field, FieldGrid::whole, FieldGrid::whole);
+    shown(grid);
+    const auto heightIn = [&](int width) {
+        grid->setFixedWidth(width);
+        QApplication::processEvents();
+        return field->height();
+    };
+    const int one = heightIn(700);
+    EXPECT_EQ(heightIn(200), one + Type::lineHeight(Type::caption));
+    EXPECT_EQ(heightIn(700), one);
+}
+
 TEST_F(ComponentsLargeText, AStatusStandsUnderTheTextsOfANarrowList)
 {
     const auto read = [](const QModelIndex& index) {

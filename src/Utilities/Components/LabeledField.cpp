@@ -27,6 +27,11 @@ QString LabeledField::caption() const
     return caption_->text();
 }
 
+void LabeledField::setCaptionWraps(bool wraps)
+{
+    caption_->setFit(wraps ? PlainLabel::Fit::wrap : PlainLabel::Fit::elide);
+}
+
 void LabeledField::setCaption(const QString& caption)
 {
     caption_->setText(caption);

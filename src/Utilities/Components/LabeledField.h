@@ -23,6 +23,8 @@ public:
     QWidget* control() const { return control_; }
     QString caption() const;
     void setCaption(const QString& caption);
+    /// Whether a caption that is too long takes more lines than one, instead of being cut off.
+    void setCaptionWraps(bool wraps);
 
 private:
     FieldCaption* caption_;

@@ -1,6 +1,5 @@
 #include "Shell/ContentPane.h"
 
-#include "FocusRing.h"
 #include "Paint.h"
 #include "Palette.h"
 #include "PaneKeys.h"
@@ -12,11 +11,9 @@ ContentPane::ContentPane(QWidget* parent) : QWidget(parent) { }
 
 void ContentPane::setScreen(QWidget* screen)
 {
-    // Asked of the window, which knows it while it is closed as well.
-    const QWidget* focused = window()->focusWidget();
-    const bool hadFocus = screen_ && focused && screen_->isAncestorOf(focused);
-    const Qt::FocusReason reason = hadFocus ? FocusRing::passedOnFrom(focused) : Qt::OtherFocusReason;
+    std::optional<Qt::FocusReason> focus;
     if (screen_) {
+        focus = PaneKeys::focusWithin(screen_);
         screen_->hide();
         screen_->deleteLater();
     }
@@ -24,8 +21,8 @@ void ContentPane::setScreen(QWidget* screen)
     screen_->setParent(this);
     placeScreen();
     screen_->show();
-    if (hadFocus)
-        PaneKeys::enter(screen_, reason);
+    if (focus)
+        PaneKeys::enter(screen_, *focus);
 }
 
 void ContentPane::paintEvent(QPaintEvent*)

@@ -7,7 +7,6 @@
 #include "Components/PlainLabel.h"
 #include "Components/SecondaryButton.h"
 #include "Dashboards/ShortcutRow.h"
-#include "FocusRing.h"
 #include "Layouts.h"
 #include "PaneKeys.h"
 
@@ -38,9 +37,7 @@ DashboardHomeView::DashboardHomeView(DashboardHomeModel model, QWidget* parent)
 
 void DashboardHomeView::rebuild()
 {
-    const QWidget* focused = window()->focusWidget();
-    const bool hadFocus = focused && isAncestorOf(focused);
-    const Qt::FocusReason reason = hadFocus ? FocusRing::passedOnFrom(focused) : Qt::OtherFocusReason;
+    const std::optional<Qt::FocusReason> focus = PaneKeys::focusWithin(this);
     Layouts::clear(column());
     addHero();
     if (model_.showsSignedInCard())
@@ -48,9 +45,9 @@ void DashboardHomeView::rebuild()
     addQuickActions();
     addFeatures();
     // The new parts show themselves with the next events only.
-    if (hadFocus)
+    if (focus)
         QMetaObject::invokeMethod(
-            this, [this, reason] { PaneKeys::enter(this, reason); }, Qt::QueuedConnection);
+            this, [this, reason = *focus] { PaneKeys::enter(this, reason); }, Qt::QueuedConnection);
 }
 
 void DashboardHomeView::addHero()

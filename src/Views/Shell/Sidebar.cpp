@@ -8,6 +8,7 @@
 #include "Components/SidebarEntry.h"
 #include "Layouts.h"
 #include "Palette.h"
+#include "PaneKeys.h"
 
 #include <QPainter>
 
@@ -60,8 +61,7 @@ Sidebar::Audience Sidebar::audience() const
 
 void Sidebar::rebuild()
 {
-    const QWidget* focused = window()->focusWidget();
-    const bool hadFocus = focused && isAncestorOf(focused);
+    const bool hadFocus = PaneKeys::focusWithin(this).has_value();
     // Choosing a role rebuilds the very picker that it is chosen in.
     const bool picksRole = rolePicker_ && rolePicker_->hasFocus();
     shownFor_ = audience();
