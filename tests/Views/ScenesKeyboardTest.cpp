@@ -1,3 +1,4 @@
+#include "Components/LabeledField.h"
 #include "Components/QuestionDialog.h"
 #include "Components/SearchField.h"
 #include "Components/SidebarEntry.h"
@@ -89,6 +90,18 @@ TEST_P(ScenesKeyboard, TabReachesEveryControl)
     const QList<QWidget*> stops = tabRound();
     for (const QWidget* control : window->findChildren<QWidget*>()) {
         EXPECT_TRUE(!isStop(control) || stops.contains(control)) << describe(control);
+    }
+}
+
+TEST_P(ScenesKeyboard, EveryFieldIsAStop)
+{
+    open(GetParam());
+    const QList<QWidget*> stops = tabRound();
+    for (const LabeledField* field : window->findChildren<LabeledField*>()) {
+        QWidget* control = field->control();
+        if (!control->isVisible() || !control->isEnabled())
+            continue;
+        EXPECT_TRUE(stops.contains(control)) << describe(control);
     }
 }
 

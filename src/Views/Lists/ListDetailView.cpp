@@ -122,9 +122,6 @@ void ListDetailView::addFilter(QWidget* filter)
     filters_->setContentsMargins(0, Spacing::fieldsAcross, 0, 0);
     filters_->addWidget(filter);
     TabOrder::append(search_, {filter});
-    // What hands its focus on is no control of its own to assistive technology.
-    if (filter->focusProxy())
-        filter->setFocusPolicy(Qt::NoFocus);
 }
 
 void ListDetailView::setLoading(bool loading)
@@ -149,7 +146,7 @@ void ListDetailView::setDetail(QWidget* detail)
 {
     if (detail_) {
         // Before its place disappears: a focus left to itself would move on to anything in the window.
-        if (detail_->isAncestorOf(window()->focusWidget()))
+        if (PaneKeys::focusWithin(detail_))
             focusList();
         detail_->hide();
         detail_->deleteLater();
