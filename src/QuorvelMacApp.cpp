@@ -58,12 +58,13 @@ void QuorvelMacApp::begin()
 {
     if (const std::optional<AppSection> section = StartOptions::sectionOf(options_.action))
         context_.router.open(*section);
-    tray_ = std::make_unique<TrayWatch>();
-    connect(tray_.get(), &TrayWatch::found, this, &QuorvelMacApp::showStatusItem);
     if (options_.comesForward)
         openMainWindow();
     else
         QTimer::singleShot(trayPatience, this, &QuorvelMacApp::showSomething);
+    // Asks the display's server and waits for it, which the window need not do.
+    tray_ = std::make_unique<TrayWatch>();
+    connect(tray_.get(), &TrayWatch::found, this, &QuorvelMacApp::showStatusItem);
 }
 
 /// Without a status menu nothing but the window shows that the program runs.

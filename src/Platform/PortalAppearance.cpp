@@ -15,6 +15,7 @@ namespace {
 const QString service = u"org.freedesktop.portal.Desktop"_s;
 const QString path = u"/org/freedesktop/portal/desktop"_s;
 const QString interface = u"org.freedesktop.portal.Settings"_s;
+
 /// The value inside however many variants it is wrapped in: the portal's older call wraps it twice.
 QVariant unwrapped(QVariant value)
 {

@@ -9,6 +9,11 @@ namespace {
 bool darkScheme = false;
 bool highContrast = false;
 
+Brand::Tone placeholderTone()
+{
+    return highContrast ? Brand::muted : Brand::steel;
+}
+
 QLinearGradient cornerToCorner(const QRectF& area)
 {
     if (QGuiApplication::isRightToLeft())
@@ -71,7 +76,7 @@ QColor mix(Brand::Tone base, Brand::Tone other, double share)
 
 QColor placeholder()
 {
-    return color(highContrast ? Brand::muted : Brand::steel);
+    return color(placeholderTone());
 }
 
 QColor scrim()
@@ -102,9 +107,7 @@ QPalette applicationPalette()
     set(QPalette::Base, Brand::fieldFill, Brand::panel);
     set(QPalette::AlternateBase, Brand::panel, Brand::panel);
     set(QPalette::Text, Brand::ink, Brand::muted);
-    set(QPalette::PlaceholderText, Brand::steel, Brand::muted);
-    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
-        palette.setColor(group, QPalette::PlaceholderText, placeholder());
+    set(QPalette::PlaceholderText, placeholderTone(), Brand::muted);
     set(QPalette::Button, Brand::card, Brand::card);
     set(QPalette::ButtonText, Brand::ink, Brand::muted);
     set(QPalette::BrightText, Brand::navy, Brand::muted);

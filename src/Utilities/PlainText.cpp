@@ -32,8 +32,8 @@ bool isLineBreak(QChar character)
 /// An address that takes two lines is broken behind its sign rather than within a name.
 QString breakable(QString text)
 {
-    const QString blankOfNoWidth = u"\u200B"_s;
-    return text.replace(u"@"_s, u"@"_s + blankOfNoWidth);
+    // With a blank of no width.
+    return text.replace(u'@', u"@\u200B"_s);
 }
 
 QString withBreaks(QString text, QChar lineBreak)

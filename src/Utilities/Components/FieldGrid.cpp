@@ -40,10 +40,10 @@ void FieldGrid::arrange()
     int place = 0;
     for (const Cell& cell : cells_) {
         const Share share = rows_ == Rows::wide ? cell.wide : rows_ == Rows::narrow ? cell.narrow : whole;
-        // Bottom edges agree, also beside a field that has no caption above it.
         // A caption of two lines would leave those beside it too high.
         if (auto* field = qobject_cast<LabeledField*>(cell.field))
             field->setCaptionWraps(rows_ == Rows::single);
+        // Bottom edges agree, also beside a field that has no caption above it.
         grid_->addWidget(cell.field, place / whole, place % whole, 1, share, Qt::AlignBottom);
         place += share;
     }

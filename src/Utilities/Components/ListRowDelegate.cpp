@@ -219,7 +219,8 @@ void ListRowDelegate::paint(
             PlainText::draw(*painter, visual(box), row.lines.value(line, row.meta), Type::small, steel);
         }
     }
-    PlainText::draw(*painter, visual(places.word), row.trailing, Type::caption, steel);
+    if (!row.trailing.isEmpty())
+        PlainText::draw(*painter, visual(places.word), row.trailing, Type::caption, steel);
     if (options_.chevron)
         Symbols::paint(*painter, visual(places.chevron), mirrored ? u"chevron.left"_s : u"chevron.right"_s,
             Palette::color(Brand::muted));

@@ -114,29 +114,24 @@ QWidget* LoginView::makeHeading()
 
 QWidget* LoginView::makeFields()
 {
-    const auto field
-        = [this](const QString& caption, const QString& placeholder, QProperty<QString>& property) {
-              auto* made = new TextField(caption, placeholder);
-              bind(made, property);
-              connect(made, &TextField::returnPressed, this, &LoginView::submit);
-              return made;
-          };
+    const auto bound = [this](TextField* field, QProperty<QString>& property) {
+        bind(field, property);
+        connect(field, &TextField::returnPressed, this, &LoginView::submit);
+        return field;
+    };
     auto* registration = new QGridLayout;
     registration->setContentsMargins(0, 0, 0, Spacing::fieldsDown);
     registration->setHorizontalSpacing(Spacing::fieldsAcross);
     registration->setVerticalSpacing(Spacing::fieldsDown);
-    registration->addWidget(field(u"Full Name"_s, u"Jordan Ellis"_s, model_->name), 0, 0);
-    registration->addWidget(field(u"Phone"_s, u"(555) 010-0199"_s, model_->phone), 0, 1);
-    registration->addWidget(field(u"City"_s, u"Springfield"_s, model_->city), 1, 0);
-    registration->addWidget(field(u"State"_s, u"New York"_s, model_->state), 1, 1);
+    registration->addWidget(bound(new TextField(u"Full Name"_s, u"Jordan Ellis"_s), model_->name), 0, 0);
+    registration->addWidget(bound(new TextField(u"Phone"_s, u"(555) 010-0199"_s), model_->phone), 0, 1);
+    registration->addWidget(bound(new TextField(u"City"_s, u"Springfield"_s), model_->city), 1, 0);
+    registration->addWidget(bound(new TextField(u"State"_s, u"New York"_s), model_->state), 1, 1);
     auto* registrationFields = Layouts::holding(registration);
     followMode([registrationFields](bool registering) { registrationFields->setVisible(registering); });
 
-    auto* email = field(u"Email"_s, u"name@example.com"_s, model_->email);
-    auto* password = new SecureField(u"Password"_s, u"Password"_s);
-    bind(password, model_->password);
-    connect(password, &TextField::returnPressed, this, &LoginView::submit);
-
+    auto* email = bound(new TextField(u"Email"_s, u"name@example.com"_s), model_->email);
+    auto* password = bound(new SecureField(u"Password"_s, u"Password"_s), model_->password);
     PaneKeys::setEntry(this, email);
 
     auto* column = Layouts::column(0, {registrationFields, email});

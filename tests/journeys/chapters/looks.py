@@ -11,6 +11,7 @@ MAIN_SCREENS = {"Dashboard": "dashboard", "Book Remote Notary": "booking", "Sess
                 "Settings": "settings"}
 OFFICE_SCREENS = {"Admin Dashboard": "admin-dashboard", "Records": "records", "Notaries": "notaries"}
 
+
 def choose_light(stage):
     _choose_scheme(stage, "Light")
 
