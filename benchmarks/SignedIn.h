@@ -3,6 +3,7 @@
 #include "Screen/ScreenContext.h"
 #include "support/FakeWebSession.h"
 #include "support/InMemoryDefaults.h"
+#include "support/SetClock.h"
 #include "support/SteadyLoginItem.h"
 
 class NoOpens : public SystemOpen
@@ -27,14 +28,17 @@ struct SignedIn
     AppConfig config;
     NotificationCenter notifications;
     SignInEpoch epoch;
+    TokenGate tokens{epoch};
     InMemoryDefaults defaults;
     NoOpens opens;
     AppRouter router{notifications};
     FakeWebSession session;
-    Backend backend{session, notifications, epoch, config};
-    AuthManager auth{backend, defaults};
+    Backend backend{session, notifications, epoch, config, tokens};
+    SetClock clock;
+    AuthManager auth{backend, defaults, clock};
     LeaveGuard leaving;
     SteadyLoginItem loginItem;
     LaunchAtLogin launchAtLogin{defaults, loginItem};
-    ScreenContext context{auth, router, opens, backend, leaving, launchAtLogin};
+    QProperty<std::optional<AlertMessage>> notice;
+    ScreenContext context{auth, router, opens, backend, leaving, launchAtLogin, notice};
 };

@@ -24,11 +24,11 @@ QuorvelMacApp::QuorvelMacApp(StartOptions options, QVariantMap platformData)
       systemAppearance_(std::make_unique<PortalAppearance>()),
       systemOpen_(std::make_unique<DesktopSystemOpen>()),
       loginItem_(std::make_unique<AutostartLoginItem>(AppConfig::applicationId)),
-      session_(std::make_unique<CurlWebSession>()), backend_{*session_, NotificationCenter::shared(), epoch_,
-                                                        config_},
-      auth_(backend_, *defaults_),
+      session_(std::make_unique<CurlWebSession>()),
+      tokens_(epoch_), backend_{*session_, NotificationCenter::shared(), epoch_, config_, tokens_},
+      auth_(backend_, *defaults_, clock_),
       launchAtLogin_(*defaults_, *loginItem_), context_{auth_, AppRouter::shared(), *systemOpen_, backend_,
-                                                   leaving_, launchAtLogin_},
+                                                   leaving_, launchAtLogin_, notice_},
       appearance_(*defaults_, *systemAppearance_), mainWindowModel_(context_)
 {
     QApplication::setQuitOnLastWindowClosed(false);

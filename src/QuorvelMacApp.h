@@ -48,10 +48,13 @@ private:
     std::unique_ptr<AutostartLoginItem> loginItem_;
     std::unique_ptr<CurlWebSession> session_;
     SignInEpoch epoch_;
+    TokenGate tokens_;
+    BootClock clock_;
     const Backend backend_;
     AuthManager auth_;
     LeaveGuard leaving_;
     LaunchAtLogin launchAtLogin_;
+    QProperty<std::optional<AlertMessage>> notice_;
     const ScreenContext context_;
     AppearanceModel appearance_;
     MainWindowModel mainWindowModel_;

@@ -130,8 +130,9 @@ QCoro::Task<JSONObject> APIClient::getProfile(QString idToken, std::optional<App
     QueryItems query;
     if (roleHint)
         query += {u"role_hint"_s, rawValue(*roleHint)};
-    Request request = authorized("GET", u"/profile"_s, idToken, query);
-    const JSONValue answer = co_await perform(std::move(request), false);
+    const APIClient self = *this;
+    Request request = co_await self.authorized("GET", u"/profile"_s, idToken, query);
+    const JSONValue answer = co_await self.perform(std::move(request), false);
     co_return wholeObject(answer);
 }
 
@@ -198,11 +199,13 @@ QCoro::Task<JSONObject> APIClient::uploadSessionFiles(qint64 sessionId, QString 
     QList<MultipartFile> files, QString idToken, Request::Progress onProgress) const
 {
     const QString boundary = u"Boundary-"_s + QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
-    Request request = authorized("POST", pathOf(sessionsPath, sessionId, u"/documents"_s), idToken);
+    const APIClient self = *this;
+    const QString path = pathOf(sessionsPath, sessionId, u"/documents"_s);
+    Request request = co_await self.authorized("POST", path, idToken);
     request.headers.first().value = "multipart/form-data; boundary=" + boundary.toLatin1();
     request.body = makeMultipartBody(boundary, uploadFields(label, category, files.size()), files);
     request.onProgress = std::move(onProgress);
-    const JSONValue answer = co_await perform(std::move(request), false);
+    const JSONValue answer = co_await self.perform(std::move(request), false);
     co_return unwrappedObject(answer);
 }
 

@@ -12,6 +12,7 @@
 #include "SessionMessage.h"
 #include "SessionSummary.h"
 #include "SignInEpoch.h"
+#include "TokenGate.h"
 #include "WebSession.h"
 
 #include <QCoroTask>
@@ -24,6 +25,7 @@ struct Backend
     NotificationCenter& notifications;
     SignInEpoch& epoch;
     const AppConfig& config;
+    TokenGate& tokens;
 };
 
 /// What a registration tells the bridge, as typed.
@@ -39,6 +41,8 @@ struct ClientRegistration
 
 /// The bridge's operations, one function each: typed in, typed out. A value without state of its own; make
 /// one wherever it is needed. Every operation throws AppError, and nothing else, with a sentence fit to show.
+///
+/// While the ID token is being renewed a request waits, and goes out with the new one (TokenGate).
 ///
 /// A failure that ends the session is announced as "QuorvelMac.appSessionExpired", later and on the main
 /// thread, unless the user for whom the request was made has left by then.
@@ -104,7 +108,11 @@ private:
         return list(path, idToken, {});
     }
     Request publicRequest(QByteArray method, QString path, const QueryItems& query = {}) const;
-    Request authorized(QByteArray method, QString path, QString idToken, const QueryItems& query = {}) const;
+    QCoro::Task<Request> authorized(QByteArray method, QString path, QString idToken, QueryItems query) const;
+    QCoro::Task<Request> authorized(QByteArray method, QString path, QString idToken) const
+    {
+        return authorized(std::move(method), std::move(path), std::move(idToken), {});
+    }
     void announceSessionExpiry(quint64 epoch) const;
 
     Backend backend_;

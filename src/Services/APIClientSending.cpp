@@ -77,13 +77,16 @@ Request APIClient::publicRequest(QByteArray method, QString path, const QueryIte
     return request;
 }
 
-Request APIClient::authorized(QByteArray method, QString path, QString idToken, const QueryItems& query) const
+QCoro::Task<Request> APIClient::authorized(
+    QByteArray method, QString path, QString idToken, QueryItems query) const
 {
-    if (!isSafeToken(idToken))
+    const APIClient self = *this;
+    const QString token = co_await self.backend_.tokens.pass(idToken);
+    if (!isSafeToken(token))
         throw AppError(Sentence::couldNotComplete());
-    Request request = publicRequest(std::move(method), std::move(path), query);
-    request.headers += {"Authorization", "Bearer " + idToken.toLatin1()};
-    return request;
+    Request request = self.publicRequest(method, path, query);
+    request.headers += {"Authorization", "Bearer " + token.toLatin1()};
+    co_return request;
 }
 
 QCoro::Task<JSONValue> APIClient::perform(Request request, bool isPublic) const
@@ -131,24 +134,27 @@ QCoro::Task<JSONObject> APIClient::publicWrite(QString path, QJsonObject body) c
 
 QCoro::Task<JSONObject> APIClient::get(QString path, QString idToken) const
 {
-    Request request = authorized("GET", path, idToken);
-    const JSONValue answer = co_await perform(std::move(request), false);
+    const APIClient self = *this;
+    Request request = co_await self.authorized("GET", path, idToken);
+    const JSONValue answer = co_await self.perform(std::move(request), false);
     co_return unwrappedObject(answer);
 }
 
 QCoro::Task<JSONObject> APIClient::write(
     QByteArray method, QString path, std::optional<QJsonObject> body, QString idToken) const
 {
-    Request request = authorized(method, path, idToken);
+    const APIClient self = *this;
+    Request request = co_await self.authorized(method, path, idToken);
     if (body)
         request.body = RequestBody(compact(*body));
-    const JSONValue answer = co_await perform(std::move(request), false);
+    const JSONValue answer = co_await self.perform(std::move(request), false);
     co_return unwrappedObject(answer);
 }
 
 QCoro::Task<QList<JSONObject>> APIClient::list(QString path, QString idToken, QueryItems query) const
 {
-    Request request = authorized("GET", path, idToken, query);
-    const JSONValue answer = co_await perform(std::move(request), false);
+    const APIClient self = *this;
+    Request request = co_await self.authorized("GET", path, idToken, query);
+    const JSONValue answer = co_await self.perform(std::move(request), false);
     co_return normalizeArray(answer);
 }

@@ -1,6 +1,7 @@
 #include "AuthManager.h"
 
 #include "AppError.h"
+#include "Launch.h"
 
 #include <QPointer>
 #include <QScopeGuard>
@@ -10,14 +11,25 @@ using namespace Qt::StringLiterals;
 const QString AuthManager::userDefaultsKey = u"QuorvelMac.authUser"_s;
 const QString AuthManager::activeRoleKey = u"QuorvelMac.activeRole"_s;
 
-AuthManager::AuthManager(const Backend& backend, UserDefaults& defaults)
-    : backend_(backend), defaults_(defaults)
+AuthManager::AuthManager(const Backend& backend, UserDefaults& defaults, SleepProofClock& clock)
+    : backend_(backend), defaults_(defaults), schedule_(clock)
 {
     restore();
+    connect(&schedule_, &RenewalSchedule::due, this, [this] { launch(renew(Manner::gentle)); });
+    connect(&backend_.tokens, &TokenGate::approached, this, [this] {
+        if (schedule_.hasTokenEnded())
+            launch(renew(Manner::gentle));
+    });
     connect(&backend_.notifications, &NotificationCenter::posted, this, [this](const QString& name) {
         if (name == u"QuorvelMac.appSessionExpired")
             signOut();
     });
+}
+
+AuthManager::~AuthManager()
+{
+    // Nobody waits for a renewal that nobody will finish.
+    backend_.tokens.open();
 }
 
 void AuthManager::restore()
@@ -92,25 +104,57 @@ void AuthManager::switchRole(AppRole role)
     defaults_.setString(activeRoleKey, rawValue(role));
 }
 
+namespace {
+
+/// Lets observers hear of several properties only when all of them are set.
+class Together
+{
+public:
+    Together() { Qt::beginPropertyUpdateGroup(); }
+    ~Together() { Qt::endPropertyUpdateGroup(); }
+    Q_DISABLE_COPY_MOVE(Together)
+};
+
+bool isSamePerson(const AuthUser& a, const AuthUser& b)
+{
+    if (!a.localId.isEmpty() && !b.localId.isEmpty())
+        return a.localId == b.localId;
+    return !a.email.isEmpty() && a.email.compare(b.email, Qt::CaseInsensitive) == 0;
+}
+
+} // namespace
+
 void AuthManager::store(const AuthUser& stored)
 {
-    // The role first, so that whoever is told of a new user sees them in their role.
+    const Together together;
+    user = stored;
     if (const std::optional<AppRole> role = storedRole(stored)) {
         activeRole = *role;
     } else {
         activeRole = defaultRole(stored);
         defaults_.setString(activeRoleKey, rawValue(activeRole.value()));
     }
-    // The disk next: a token that was given in exchange for another is the only one that is still good.
+    // On disk before anybody hears of it: a token that was given in exchange for another is the only good
+    // one.
     defaults_.setData(userDefaultsKey, stored.encoded());
-    user = stored;
 }
 
 void AuthManager::signInFrom(const JSONObject& response, const QString& emailFallback)
 {
-    const AuthUser fresh = authUserFromBridgeResponse(response, emailFallback);
+    const AuthUser fresh
+        = merge(authUserFromBridgeResponse(response, emailFallback), profileFromBridgeResponse(response));
+    const std::optional<AuthUser> before = user.value() ? user.value() : interrupted_;
+    const bool isReturn = before && isSamePerson(*before, fresh);
+    if (!isReturn)
+        emit personLeft();
+    else if (resumesRole_ && availableRoles(fresh).contains(interruptedRole_))
+        defaults_.setString(activeRoleKey, rawValue(interruptedRole_));
+    interrupted_.reset();
+    resumesRole_ = false;
     backend_.epoch.advance();
-    store(merge(fresh, profileFromBridgeResponse(response)));
+    backend_.tokens.forget();
+    store(fresh);
+    schedule_.begin(tokenLifetime(response.object(u"firebase"_s).value_or(response)));
 }
 
 QCoro::Task<> AuthManager::signIn(QString email, QString password, std::optional<AppRole> roleHint)
@@ -159,9 +203,29 @@ QCoro::Task<> AuthManager::syncProfile(std::optional<AppRole> roleHint)
 
 void AuthManager::signOut()
 {
+    if (const std::optional<AuthUser> leaving = user.value()) {
+        interrupted_ = leaving;
+        interruptedRole_ = role();
+    }
+    end();
+}
+
+void AuthManager::leave()
+{
+    interrupted_.reset();
+    resumesRole_ = false;
+    emit personLeft();
+    end();
+}
+
+void AuthManager::end()
+{
     backend_.epoch.advance();
-    user = std::nullopt;
-    activeRole = AppRole::client;
+    backend_.tokens.forget();
+    schedule_.end();
     defaults_.remove(userDefaultsKey);
     defaults_.remove(activeRoleKey);
+    const Together together;
+    user = std::nullopt;
+    activeRole = AppRole::client;
 }

@@ -84,3 +84,12 @@ AuthUser AuthManager::merge(AuthUser user, const JSONObject& profile)
     user.state = person.string(u"state"_s);
     return user;
 }
+
+std::chrono::seconds AuthManager::tokenLifetime(const JSONObject& answer)
+{
+    constexpr qint64 longest = 365 * 24 * 3600;
+    const qint64 told
+        = answer.intValue(u"expires_in"_s).value_or(answer.intValue(u"expiresIn"_s).value_or(0));
+    const bool isUsable = told > 0 && told <= longest;
+    return isUsable ? std::chrono::seconds(told) : RenewalSchedule::usualLifetime;
+}

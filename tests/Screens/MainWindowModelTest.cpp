@@ -433,11 +433,11 @@ TEST_F(MainWindowModelTest, TheBookingFormOutlivesOtherSectionsButNotTheSignOut)
 
 TEST_F(MainWindowModelTest, AppearingWithoutAKeyOrAUserSendsNothing)
 {
-    model.appeared();
+    model.appears();
     settle();
     EXPECT_EQ(requestCount(), 0);
     signIn(account(u"client"_s));
-    model.appeared();
+    model.appears();
     settle();
     EXPECT_EQ(requestCount(), 0);
     EXPECT_TRUE(auth.isSignedIn());
@@ -457,7 +457,7 @@ protected:
         config.resourceFolder = resources.path();
         signIn(account(u"client"_s));
         model.select(AppSection::sessions);
-        model.appeared();
+        model.appears();
     }
 
     QTemporaryDir resources;

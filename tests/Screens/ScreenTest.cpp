@@ -59,7 +59,7 @@ void ScreenTest::signIn(const AuthUser& user, AppRole role)
 
 void ScreenTest::replaceUser(const AuthUser& user, AppRole role)
 {
-    auth.signOut();
+    auth.leave();
     signIn(user, role);
 }
 

@@ -5,6 +5,7 @@
 #include "support/EventLoop.h"
 #include "support/FakeWebSession.h"
 #include "support/InMemoryDefaults.h"
+#include "support/SetClock.h"
 #include "support/SteadyLoginItem.h"
 
 #include <QJsonObject>
@@ -64,16 +65,20 @@ protected:
     AppConfig config;
     NotificationCenter notifications;
     SignInEpoch epoch;
+    TokenGate tokens{epoch};
     InMemoryDefaults defaults;
     RecordedOpens systemOpen;
     AppRouter router{notifications};
     std::unique_ptr<FakeWebSession> webSession = std::make_unique<FakeWebSession>();
-    Backend backend{*webSession, notifications, epoch, config};
-    AuthManager auth{backend, defaults};
+    Backend backend{*webSession, notifications, epoch, config, tokens};
+    SetClock clock;
+    AuthManager auth{backend, defaults, clock};
     LeaveGuard leaving;
     SteadyLoginItem loginItem;
     LaunchAtLogin launchAtLogin{defaults, loginItem};
+    QProperty<std::optional<AlertMessage>> notice;
     /// What the screens take for the current moment.
     QDateTime now = QDateTime::fromString(QStringLiteral("2025-06-02T12:00:00Z"), Qt::ISODate);
-    ScreenContext context{auth, router, systemOpen, backend, leaving, launchAtLogin, [this] { return now; }};
+    ScreenContext context{
+        auth, router, systemOpen, backend, leaving, launchAtLogin, notice, [this] { return now; }};
 };

@@ -9,11 +9,9 @@ namespace {
 TEST_F(SettingsTest, AsksForTheProfileWithoutARole)
 {
     launch(model->loadProfile());
-    EXPECT_TRUE(model->isLoading.value());
     EXPECT_EQ(line(0), u"GET /profile"_s);
     EXPECT_EQ(header(0, "Authorization"), QByteArray("Bearer priyaraman-token"));
     answer(0, whole);
-    EXPECT_FALSE(model->isLoading.value());
     EXPECT_EQ(profile(), wholeProfile);
     EXPECT_FALSE(model->hasEdits());
     EXPECT_EQ(requestCount(), 1);
@@ -105,17 +103,8 @@ TEST_F(SettingsTest, TheNewestLoadWins)
     launch(model->loadProfile());
     launch(model->loadProfile());
     answer(1, R"({"city": "New"})");
-    EXPECT_FALSE(model->isLoading.value());
     answer(0, R"({"city": "Old"})");
     EXPECT_EQ(model->city.value(), u"New"_s);
-}
-
-TEST_F(SettingsTest, OnlyTheFirstLoadIsWaitedFor)
-{
-    load(whole);
-    launch(model->loadProfile());
-    EXPECT_FALSE(model->isLoading.value());
-    answer(1, whole);
 }
 
 TEST_F(SettingsTest, SavesTheFieldsAsTypedAndRefreshesTheUser)
@@ -149,9 +138,45 @@ TEST_F(SettingsTest, ALoadFromBeforeASaveDoesNotUndoIt)
     launch(model->saveProfile());
     answer(1, "{}");
     answer(2, "{}");
-    EXPECT_FALSE(model->isLoading.value());
+    answer(3, "{}");
+    EXPECT_EQ(alertOf(*model).value(0), u"Saved"_s);
     answer(0, whole);
     EXPECT_EQ(profile(), typed);
+}
+
+TEST_F(SettingsTest, WhatNoLoadHasBroughtIsLoadedBeforeItIsSavedOver)
+{
+    launch(model->loadProfile());
+    fail(0);
+    model->city = u"Troy"_s;
+    launch(model->saveProfile());
+    EXPECT_EQ(line(1), u"GET /profile"_s);
+    EXPECT_EQ(model->work.value(), EditPaneModel::Work::profile);
+    answer(1, whole);
+    QList<QString> expected = wholeProfile;
+    expected[3] = u"Troy"_s;
+    EXPECT_EQ(profile(), expected) << "what was typed stays";
+    ASSERT_EQ(requestCount(), 3);
+    EXPECT_EQ(line(2), u"POST /profile"_s);
+    EXPECT_EQ(body(2).value(u"full_name"_s).toString(), expected.at(0));
+    EXPECT_EQ(body(2).value(u"email"_s).toString(), expected.at(1));
+    EXPECT_EQ(body(2).value(u"phone"_s).toString(), expected.at(2));
+    EXPECT_EQ(body(2).value(u"city"_s).toString(), u"Troy"_s);
+    answer(2, "{}");
+    answer(3, "{}");
+    EXPECT_EQ(alertOf(*model), (QList<QString>{u"Saved"_s, u"Your profile was updated."_s}));
+}
+
+TEST_F(SettingsTest, NothingIsSavedOverAProfileThatCannotBeHad)
+{
+    model->city = u"Troy"_s;
+    launch(model->saveProfile());
+    EXPECT_EQ(line(0), u"GET /profile"_s);
+    answer(0, "{}", 500);
+    EXPECT_EQ(requestCount(), 1);
+    EXPECT_EQ(alertOf(*model).value(0), u"Cannot Save Profile"_s);
+    EXPECT_EQ(model->city.value(), u"Troy"_s);
+    EXPECT_TRUE(model->hasEdits());
 }
 
 } // namespace

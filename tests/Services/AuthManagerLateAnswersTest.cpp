@@ -118,10 +118,10 @@ TEST_F(LateAnswers, AProfileKeepsTokensRenewedMeanwhile)
 
 TEST_F(LateAnswers, ARenewalKeepsAProfileThatCameMeanwhile)
 {
-    const auto renewal = renew();
     const auto syncing = sync();
-    answer(1, R"({"user":{"name":"Ada"}})");
-    answer(0, renewed);
+    const auto renewal = renew();
+    answer(0, R"({"user":{"name":"Ada"}})");
+    answer(1, renewed);
     EXPECT_EQ(auth->user.value()->refreshToken, u"refresh-2"_s);
     EXPECT_EQ(auth->user.value()->displayName, u"Ada"_s);
 }
@@ -171,8 +171,8 @@ TEST_F(LateAnswers, OtherAnnouncementsSignNobodyOut)
 {
     // The fixture's own observer accepts only the expiry.
     NotificationCenter elsewhere;
-    const Backend other{*session, elsewhere, epoch, config};
-    const AuthManager manager(other, defaults);
+    const Backend other{*session, elsewhere, epoch, config, tokens};
+    const AuthManager manager(other, defaults, clock);
     elsewhere.post(u"QuorvelMac.openMainWindow"_s);
     EXPECT_TRUE(manager.isSignedIn());
     elsewhere.post(u"QuorvelMac.appSessionExpired"_s);
@@ -190,11 +190,11 @@ TEST_F(LateAnswers, ALateRefusalDoesNotSignOutTheNextUser)
 
 TEST_F(LateAnswers, ARefusalSignsOutEvenWhileARenewalIsUnderWay)
 {
-    const auto renewal = renew();
     const auto call = load();
-    answer(1, "{}", 401);
+    const auto renewal = renew();
+    answer(0, "{}", 401);
     expectNobody();
-    answer(0, renewed);
+    answer(1, renewed);
     expectNobody();
 }
 
@@ -208,15 +208,15 @@ TEST_F(LateAnswers, AFailedSignInAnnouncesNothing)
 
 TEST_F(LateAnswers, TheManagerMayGoWhileSomethingIsUnderWay)
 {
-    const auto renewal = renew();
     const auto syncing = sync();
-    const Awaited<void> entering(auth->signIn(u"bob@example.com"_s, u"p"_s, std::nullopt));
     const auto call = load();
+    const Awaited<void> entering(auth->signIn(u"bob@example.com"_s, u"p"_s, std::nullopt));
+    const auto renewal = renew();
     auth.reset();
-    answer(0, renewed);
-    answer(1, R"({"user":{"name":"Ada"}})");
+    answer(0, R"({"user":{"name":"Ada"}})");
+    answer(1, "{}", 401);
     answer(2, bobAnswer);
-    answer(3, "{}", 401);
+    answer(3, renewed);
     EXPECT_TRUE(renewal.isDone() && syncing.isDone() && entering.isDone() && call.isDone());
     EXPECT_EQ(storedUser(), bareUser()) << "nothing is written for a manager that has gone";
     EXPECT_EQ(expiries, 1);

@@ -102,8 +102,10 @@ protected:
     {
         auth.reset();
         defaults = std::make_unique<SettingsDefaults>(path());
-        auth = std::make_unique<AuthManager>(backend, *defaults);
+        auth = std::make_unique<AuthManager>(backend, *defaults, clock);
     }
+
+    SetClock clock;
 
     QString path() const { return resources.filePath(u"Quorvel.conf"_s); }
 
@@ -165,7 +167,7 @@ TEST_F(Restarts, FindTheRotatedTokensAsSoonAsTheyHaveCome)
     answer(1, R"({"id_token":"id-2","refresh_token":"refresh-2"})");
     // A second look at the file, while the first manager still lives: as after a kill.
     SettingsDefaults afterKill(path());
-    const AuthManager resumed(backend, afterKill);
+    const AuthManager resumed(backend, afterKill, clock);
     ASSERT_TRUE(resumed.isSignedIn());
     EXPECT_EQ(resumed.user.value()->refreshToken, u"refresh-2"_s);
     EXPECT_EQ(resumed.user.value()->idToken, u"id-2"_s);

@@ -3,6 +3,7 @@
 #include "AuthManager.h"
 #include "ServicesTest.h"
 #include "support/InMemoryDefaults.h"
+#include "support/SetClock.h"
 
 /// The JSON of a bridge's answer, as the manager reads it.
 inline JSONObject bridgeAnswer(const QByteArray& text)
@@ -36,7 +37,7 @@ protected:
             defaults.setString(AuthManager::activeRoleKey, role);
         start();
     }
-    void start() { auth = std::make_unique<AuthManager>(backend, defaults); }
+    void start() { auth = std::make_unique<AuthManager>(backend, defaults, clock); }
 
     /// Whom the preferences remember.
     std::optional<AuthUser> storedUser() const
@@ -47,5 +48,6 @@ protected:
     std::optional<QString> storedRole() const { return defaults.string(AuthManager::activeRoleKey); }
 
     InMemoryDefaults defaults;
+    SetClock clock;
     std::unique_ptr<AuthManager> auth;
 };

@@ -10,7 +10,7 @@ RealServerTest::RealServerTest()
     options.largestBody = 1024 * 1024;
     options.trustedFile = TestCertificates::shared().authorityFile();
     session = std::make_unique<CurlWebSession>(options);
-    backend = std::make_unique<Backend>(Backend{*session, notifications, epoch, config});
+    backend = std::make_unique<Backend>(Backend{*session, notifications, epoch, config, tokens});
     QObject::connect(&notifications, &NotificationCenter::posted, [this] { ++expiries; });
 }
 

@@ -32,6 +32,8 @@ protected:
     AppConfig config;
     NotificationCenter notifications;
     SignInEpoch epoch;
+    TokenGate tokens{epoch};
+    SetClock clock;
     InMemoryDefaults defaults;
     std::unique_ptr<CurlWebSession> session;
     std::unique_ptr<RawServer> server;

@@ -51,8 +51,9 @@ protected:
     AppConfig config;
     NotificationCenter notifications;
     SignInEpoch epoch;
+    TokenGate tokens{epoch};
     std::unique_ptr<FakeWebSession> session = std::make_unique<FakeWebSession>();
-    const Backend backend{*session, notifications, epoch, config};
+    const Backend backend{*session, notifications, epoch, config, tokens};
     const APIClient api{backend};
     /// How often the end of the session has been announced.
     int expiries = 0;

@@ -170,7 +170,7 @@ class SessionEnds : public RealServerTest
 protected:
     SessionEnds() { defaults.setData(AuthManager::userDefaultsKey, bareUser().encoded()); }
 
-    void start() { auth = std::make_unique<AuthManager>(*backend, defaults); }
+    void start() { auth = std::make_unique<AuthManager>(*backend, defaults, clock); }
 
     std::unique_ptr<AuthManager> auth;
 };

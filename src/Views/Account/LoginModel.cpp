@@ -48,7 +48,10 @@ QCoro::Task<> LoginModel::submit()
     try {
         co_await send();
     } catch (const AppError& error) {
-        showAlert(alertTitle, naturalMessage(error));
+        if (isClosed_)
+            context().notice = AlertMessage{.title = alertTitle, .message = naturalMessage(error)};
+        else
+            showAlert(alertTitle, naturalMessage(error));
     }
 }
 

@@ -28,8 +28,12 @@ public:
 
     /// Checks the fields, then signs in or registers. Does nothing while one is under way.
     QCoro::Task<> submit();
+    /// The screen is gone. How a sign-in ends that is under way is told by the window.
+    void close() { isClosed_ = true; }
 
 private:
     QString firstFault() const;
     QCoro::Task<> send();
+
+    bool isClosed_ = false;
 };

@@ -44,6 +44,11 @@ LoginView::LoginView(std::shared_ptr<LoginModel> model, QWidget* parent)
     presentAlerts(this, model_->alert, [model = model_] { model->dismissAlert(); });
 }
 
+LoginView::~LoginView()
+{
+    model_->close();
+}
+
 void LoginView::followMode(std::function<void(bool)> apply)
 {
     follow(this, model_->isRegistering, std::move(apply));

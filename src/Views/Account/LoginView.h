@@ -14,6 +14,7 @@ class LoginView : public QWidget
 
 public:
     explicit LoginView(std::shared_ptr<LoginModel> model, QWidget* parent = nullptr);
+    ~LoginView() override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

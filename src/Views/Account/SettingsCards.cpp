@@ -72,18 +72,6 @@ void addSubmit(
     card->add(end, betweenParts);
 }
 
-/// Nobody saves empty fields over a profile that is only on its way here.
-void showProfileWork(Button* save, SettingsContentModel& model)
-{
-    showWork(save, model, Work::profile);
-    const auto load = [save, &model] {
-        if (model.work.value() == Work::none)
-            save->setLoading(model.isLoading.value());
-    };
-    follow(save, model.isLoading, [load](bool) { load(); });
-    follow(save, model.work, [load](Work) { load(); });
-}
-
 QWidget* appearance(SettingsContentModel& model)
 {
     QList<SegmentedControl::Option> options;
@@ -157,7 +145,7 @@ Card* SettingsCards::profile(SettingsContentModel& model)
     auto* city = field<TextField>(u"City"_s, model.city);
     auto* state = field<TextField>(u"State"_s, model.state);
     auto* save = new PrimaryButton(u"Save Profile"_s, u"checkmark.circle.fill"_s);
-    showProfileWork(save, model);
+    showWork(save, model, Work::profile);
 
     Card* card = titled(
         u"Profile"_s, u"This information is used for booking, session updates, and account records."_s);

@@ -12,8 +12,9 @@ SettingsContentModel::SettingsContentModel(const ScreenContext& context, Appeara
 {
     onUser_ = auth().user.addNotifier([this] {
         if (!isSignedIn())
-            forget();
+            disappeared();
     });
+    connect(&auth(), &AuthManager::personLeft, this, &SettingsContentModel::forget);
 }
 
 QList<AppAppearanceMode> SettingsContentModel::appearanceChoices()
@@ -58,7 +59,6 @@ QCoro::Task<> SettingsContentModel::loadProfile()
     const Turn turn = loads_.next();
     const std::optional<AppRole> noHint;
     const APIClient client = api();
-    isLoading = !isLoaded_;
     try {
         const JSONObject profile = co_await client.getProfile(user->idToken, noHint);
         if (!turn.isOver())
@@ -67,8 +67,6 @@ QCoro::Task<> SettingsContentModel::loadProfile()
         if (!turn.isOver() && isSessionExpired(error))
             auth().signOut();
     }
-    if (turn.isNewest())
-        isLoading = false;
 }
 
 void SettingsContentModel::fill(const JSONObject& profile)
@@ -84,12 +82,33 @@ void SettingsContentModel::fill(const JSONObject& profile)
     isLoaded_ = true;
 }
 
-QCoro::Task<JSONObject> SettingsContentModel::sendProfile(
-    APIClient client, QJsonObject profile, QString idToken)
+QJsonObject SettingsContentModel::profile() const
 {
+    return {
+        {u"full_name"_s, name.value()},
+        {u"name"_s, name.value()},
+        {u"email"_s, email.value()},
+        {u"phone"_s, phone.value()},
+        {u"city"_s, city.value()},
+        {u"state"_s, state.value()},
+    };
+}
+
+QCoro::Task<JSONObject> SettingsContentModel::sendProfile(APIClient client, QString idToken)
+{
+    const auto self = keep(this);
     const quint64 asking = epoch().current();
     const std::optional<AppRole> noHint;
-    const JSONObject answer = co_await client.updateProfile(profile, idToken);
+    if (!isLoaded_) {
+        const JSONObject missing = co_await client.getProfile(idToken, noHint);
+        if (epoch().current() != asking)
+            co_return missing;
+        fill(missing);
+    }
+    for (AnyEditField* field : std::as_const(fields_))
+        field->markSent();
+    const QJsonObject whole = profile();
+    const JSONObject answer = co_await client.updateProfile(whole, idToken);
     if (epoch().current() == asking)
         co_await auth().syncProfile(noHint);
     co_return answer;
@@ -100,25 +119,13 @@ QCoro::Task<> SettingsContentModel::saveProfile()
     Change change;
     change.work = Work::profile;
     change.failureTitle = u"Cannot Save Profile"_s;
-    change.send = [this](const APIClient& client, const QString& token) {
-        for (AnyEditField* field : std::as_const(fields_))
-            field->markSent();
-        const QJsonObject profile{
-            {u"full_name"_s, name.value()},
-            {u"name"_s, name.value()},
-            {u"email"_s, email.value()},
-            {u"phone"_s, phone.value()},
-            {u"city"_s, city.value()},
-            {u"state"_s, state.value()},
-        };
-        return sendProfile(client, profile, token);
-    };
+    change.send
+        = [this](const APIClient& client, const QString& token) { return sendProfile(client, token); };
     change.accepted = [this] {
         for (AnyEditField* field : std::as_const(fields_))
             field->markSaved();
         // A load that began earlier knows less.
         loads_.next();
-        isLoading = false;
         showAlert(u"Saved"_s, u"Your profile was updated."_s);
     };
     return carryOut(std::move(change));
@@ -156,7 +163,7 @@ void SettingsContentModel::setLaunchAtLogin(bool enabled)
 
 void SettingsContentModel::signOut()
 {
-    context().leaving.leave([self = keep(this)] { self->auth().signOut(); });
+    context().leaving.leave([self = keep(this)] { self->auth().leave(); });
 }
 
 void SettingsContentModel::contactSupport()

@@ -27,9 +27,6 @@ public:
     QProperty<QString> currentPassword;
     QProperty<QString> newPassword;
 
-    /// The profile is on its way here, and no earlier load has brought it.
-    QProperty<bool> isLoading{false};
-
     AppearanceModel& appearance;
 
     bool isSignedIn() const { return context().auth.isSignedIn(); }
@@ -49,6 +46,8 @@ public:
 
     /// Fills the fields, without a word where that fails.
     QCoro::Task<> loadProfile();
+    /// Sends all fields. Those that no load has brought yet are loaded first, so that nothing is saved over
+    /// with emptiness.
     QCoro::Task<> saveProfile();
     QCoro::Task<> changePassword();
     void setLaunchAtLogin(bool enabled);
@@ -64,7 +63,8 @@ public:
 private:
     void fill(const JSONObject& profile);
     void forget();
-    QCoro::Task<JSONObject> sendProfile(APIClient client, QJsonObject profile, QString idToken);
+    QJsonObject profile() const;
+    QCoro::Task<JSONObject> sendProfile(APIClient client, QString idToken);
 
     Turns loads_;
     bool isLoaded_ = false;

@@ -2,7 +2,6 @@
 
 #include "AppError.h"
 #include "EmailAddress.h"
-#include "Launch.h"
 #include "Screen/NewYorkTime.h"
 
 #include <algorithm>
@@ -185,7 +184,7 @@ void BookRemoteNotaryModel::viewSessions()
 void BookRemoteNotaryModel::bookAnother()
 {
     resetForm();
-    launch(prefill());
+    loadedProfile_ = true;
 }
 
 QCoro::Task<> BookRemoteNotaryModel::prefill()

@@ -75,7 +75,7 @@ public:
     /// submission is under way.
     QCoro::Task<> submit();
     void viewSessions();
-    /// A fresh form, filled from the signed-in user like the first.
+    /// A fresh form. It stays empty: its person may be booking for somebody else now.
     void bookAnother();
 
     /// The request's body for the form as it stands.
@@ -94,21 +94,25 @@ private:
     /// A request that the bridge has accepted.
     struct Booked
     {
-        QJsonObject body;
+        QJsonObject form; ///< what was asked for
         QString reference;
         std::optional<qint64> sessionId;
         QList<QUuid> sentFiles; ///< drafts that are in the session already
     };
 
+    QJsonObject formBody() const;
+    bool isBooked() const;
     void prefillFrom(const JSONObject& profile, const AuthUser& user);
     QCoro::Task<> book(Turn turn, QString token);
-    QCoro::Task<std::shared_ptr<Booked>> create(QJsonObject body, Turn turn, QString token);
-    QCoro::Task<qsizetype> uploadBookingFiles(std::shared_ptr<Booked> booked, Turn turn, QString token);
+    QCoro::Task<std::shared_ptr<Booked>> create(Turn turn, QString token);
+    QCoro::Task<> uploadBookingFiles(std::shared_ptr<Booked> booked, Turn turn, QString token);
 
     QList<SignerDraft> signers_;
     bool loadedProfile_ = false;
-    /// The session of a submission that failed while its files were sent. Submitting the same request again
-    /// goes on with the files that are missing, rather than booking a second session.
+    bool isSessionEnding_ = false; ///< looking for a session has shown that the person is signed in no more
+    /// The session of a submission that failed while its files were sent. Submitting the same form again goes
+    /// on with the files that are missing, rather than booking a second session, whatever the clock or the
+    /// role say by then.
     std::shared_ptr<Booked> booked_;
     Turns prefills_;
     Turns submissions_;

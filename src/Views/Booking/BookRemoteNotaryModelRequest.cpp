@@ -47,13 +47,22 @@ void insertSigners(QJsonObject& body, const QList<SignerDraft>& signers)
 
 QJsonObject BookRemoteNotaryModel::requestBody() const
 {
-    const QString name = contactName.value().trimmed();
-    const QString email = contactEmail.value().trimmed();
-    const QString phone = contactPhone.value().trimmed();
+    QJsonObject body = formBody();
+    if (isBusiness()) {
+        body.insert(u"scheduled_by_business"_s, true);
+        for (const QString& fact : {u"name"_s, u"email"_s, u"phone"_s})
+            body.insert(u"client_"_s + fact, body.value(u"contact_"_s + fact));
+    }
+    return body;
+}
+
+/// What the form asks for, whoever sends it.
+QJsonObject BookRemoteNotaryModel::formBody() const
+{
     QJsonObject body{
-        {u"contact_name"_s, name},
-        {u"contact_email"_s, email},
-        {u"contact_phone"_s, phone},
+        {u"contact_name"_s, contactName.value().trimmed()},
+        {u"contact_email"_s, contactEmail.value().trimmed()},
+        {u"contact_phone"_s, contactPhone.value().trimmed()},
         {u"appointment_asap"_s, asap.value()},
         {u"document_retrieval_option"_s, documentRetrievalOption.value()},
         {u"document_type"_s, documentType.value().trimmed()},
@@ -66,12 +75,6 @@ QJsonObject BookRemoteNotaryModel::requestBody() const
         {u"timezone"_s, u"America/New_York"_s},
         {u"booking_source"_s, u"macos_desktop"_s},
     };
-    if (isBusiness()) {
-        body.insert(u"scheduled_by_business"_s, true);
-        body.insert(u"client_name"_s, name);
-        body.insert(u"client_email"_s, email);
-        body.insert(u"client_phone"_s, phone);
-    }
     if (!asap.value()) {
         body.insert(u"preferred_date"_s, NewYorkTime::dateText(scheduledDate.value()));
         body.insert(u"preferred_time"_s, NewYorkTime::timeText(scheduledDate.value()));

@@ -2,6 +2,8 @@
 
 #include "AppError.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 QCoro::Task<> BookRemoteNotaryModel::submit()
@@ -10,7 +12,8 @@ QCoro::Task<> BookRemoteNotaryModel::submit()
     if (isSubmitting.value())
         co_return;
     try {
-        validate();
+        if (!isBooked())
+            validate();
     } catch (const AppError& fault) {
         showAlert(u"Missing Information"_s, fault.message());
         co_return;
@@ -19,6 +22,8 @@ QCoro::Task<> BookRemoteNotaryModel::submit()
     if (!user)
         co_return;
     const Turn turn = submissions_.next();
+    // What the profile could still fill in would make another request of this one.
+    prefills_.next();
     isSubmitting = true;
     try {
         co_await book(turn, user->idToken);
@@ -39,23 +44,27 @@ static QString uploadedSuffix(qsizetype count)
         + u" uploaded into the session."_s;
 }
 
+/// Whether the form as it stands has become a session already, which its files have not reached.
+bool BookRemoteNotaryModel::isBooked() const
+{
+    return booked_ && booked_->form == formBody();
+}
+
 /// Once the person has signed out, the request under way ends by itself and nothing more is sent in their
 /// name.
 QCoro::Task<> BookRemoteNotaryModel::book(Turn turn, QString token)
 {
-    const QJsonObject body = requestBody();
-    std::shared_ptr<Booked> booked = booked_;
-    if (!booked || booked->body != body) {
-        booked = co_await create(body, turn, token);
+    if (!isBooked()) {
+        const std::shared_ptr<Booked> created = co_await create(turn, token);
         if (turn.isOver())
             co_return;
-        booked_ = booked;
+        booked_ = created;
     }
+    const std::shared_ptr<Booked> booked = booked_;
     QString message = u"Remote notary request "_s + booked->reference
         + u" was created. Our team will review and confirm the session."_s;
     if (!pendingUploads().isEmpty() && booked->sessionId) {
-        const qsizetype count = co_await uploadBookingFiles(booked, turn, token);
-        message += uploadedSuffix(count);
+        co_await uploadBookingFiles(booked, turn, token);
     } else if (!pendingUploads().isEmpty()) {
         message += u" Files were not uploaded automatically because the new session ID was not returned. "
                    "Open Sessions and upload them from the session detail."_s;
@@ -63,15 +72,20 @@ QCoro::Task<> BookRemoteNotaryModel::book(Turn turn, QString token)
     if (turn.isOver())
         co_return;
     booked_.reset();
+    message += uploadedSuffix(booked->sentFiles.size());
     successMessage = message;
+    // The sign-in screen is about to take the place of the success card.
+    if (std::exchange(isSessionEnding_, false))
+        context().notice = AlertMessage{.title = u"Request Submitted"_s, .message = message};
 }
 
 QCoro::Task<std::shared_ptr<BookRemoteNotaryModel::Booked>> BookRemoteNotaryModel::create(
-    QJsonObject body, Turn turn, QString token)
+    Turn turn, QString token)
 {
-    const JSONObject response = co_await api().createSession(body, token);
     const auto created = std::make_shared<Booked>();
-    created->body = body;
+    created->form = formBody();
+    const QJsonObject body = requestBody();
+    const JSONObject response = co_await api().createSession(body, token);
     created->reference = response.string(u"reference_id"_s, response.string(u"id"_s, u"your new request"_s));
     if (!turn.isOver())
         created->sessionId = co_await resolveCreatedSessionId(response, created->reference, token);
@@ -109,23 +123,22 @@ QCoro::Task<std::optional<qint64>> BookRemoteNotaryModel::resolveCreatedSessionI
     try {
         const QList<SessionSummary> sessions = co_await api().getSessions(QString(), QString(), token);
         co_return idByReference(sessions, reference);
-    } catch (const AppError&) {
+    } catch (const AppError& error) {
         // The booking stands; only its files have to be sent from the session itself.
+        isSessionEnding_ = isSessionExpired(error);
         co_return std::nullopt;
     }
 }
 
 /// Sends the attached files that are not in the session yet.
-/// \returns how many files of this booking are in the session then
-QCoro::Task<qsizetype> BookRemoteNotaryModel::uploadBookingFiles(
+QCoro::Task<> BookRemoteNotaryModel::uploadBookingFiles(
     std::shared_ptr<Booked> booked, Turn turn, QString token)
 {
     showUploadProgress(turn, u"Uploading attached files..."_s, 0);
     const SentUploads sent(booked, &booked->sentFiles);
     co_await sendUploads(*booked->sessionId, sent, turn, token);
     if (turn.isOver())
-        co_return 0;
+        co_return;
     removeUploads(*sent);
     showUploadProgress(turn, u"Upload complete."_s, 1);
-    co_return booked->sentFiles.size();
 }

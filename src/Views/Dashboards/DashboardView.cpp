@@ -13,6 +13,7 @@
 #include "Lists/RowListView.h"
 #include "RefreshKeys.h"
 
+#include <QShowEvent>
 #include <QVBoxLayout>
 
 static constexpr int widest = 1120;
@@ -28,7 +29,13 @@ DashboardView::DashboardView(std::shared_ptr<DashboardModel> model, QWidget* par
     connect(model_.get(), &DashboardModel::loaded, this, &DashboardView::updateTiles);
     presentAlerts(this, model_->alert, [model = model_] { model->dismissAlert(); });
     onRefreshKeys(this, [this] { launch(model_->load()); });
-    launch(model_->load());
+}
+
+void DashboardView::showEvent(QShowEvent* event)
+{
+    Page::showEvent(event);
+    if (!event->spontaneous())
+        launch(model_->load());
 }
 
 void DashboardView::addTiles()

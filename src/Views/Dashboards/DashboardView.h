@@ -10,7 +10,8 @@ class RowList;
 class RowListModel;
 
 /// What the dashboards of the three roles share: the header, the tiles, the shortcuts, and under them cards
-/// with short lists. It loads when it is made, and again with F5.
+/// with short lists. It loads each time it is shown, be it by
+/// its window, and again with F5.
 class DashboardView : public Page
 {
     Q_OBJECT
@@ -23,6 +24,8 @@ protected:
     /// Rows that are only read.
     /// \param chip  symbol before the texts of every row; none when empty
     static RowList* makeReadList(const QString& name, RowListModel& rows, const QString& chip = {});
+
+    void showEvent(QShowEvent* event) override;
 
 private:
     void addTiles();

@@ -9,6 +9,9 @@
 #include "RefreshKeys.h"
 
 #include <QShortcut>
+#include <QShowEvent>
+
+#include <utility>
 
 ListScreenView::ListScreenView(std::shared_ptr<ListScreenModel> model, const ListDetailView::Texts& texts,
     const ListRowDelegate::Options& rowShape, MakeDetail makeDetail, QWidget* parent)
@@ -28,13 +31,24 @@ ListScreenView::ListScreenView(std::shared_ptr<ListScreenModel> model, const Lis
         return watched ? watched->unfinished() : LeaveGuard::Unfinished::nothing;
     });
     showSelection();
-    launch(model_->load());
 }
 
 ListScreenView::~ListScreenView()
 {
     // A list that loses the focus as it goes still asks for the row that the person had come to.
     lists_->list()->disconnect(this);
+}
+
+void ListScreenView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (event->spontaneous())
+        return;
+    // The selected record is loaded by its own view when that is shown first.
+    if (std::exchange(wasShown_, true))
+        model_->refresh();
+    else
+        launch(model_->load());
 }
 
 void ListScreenView::addShortcuts()

@@ -32,6 +32,8 @@ public:
 
     /// Another record is looked at. A change that is on its way still arrives and is told about.
     virtual void close() { isClosed_ = true; }
+    /// The record is looked at after all: its person has come back to what they left.
+    virtual void reopen() { isClosed_ = false; }
 
 signals:
     /// The bridge has accepted a change, so that the list may show this record differently.

@@ -32,6 +32,8 @@ public:
     /// \param screen      its end ends the watch
     /// \param unfinished  what a step would throw away now
     void watch(QObject* screen, std::function<Unfinished()> unfinished);
+    /// What a step would throw away now.
+    Unfinished unfinished() const;
     /// The screen in front is on its way out, whoever decided that: there is nothing left to lose.
     void forget();
 
@@ -57,7 +59,6 @@ private:
         std::function<void()> stay;
     };
 
-    Unfinished unfinished() const;
     void askOrGoOn();
     Step close();
 

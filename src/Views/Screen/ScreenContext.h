@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AlertMessage.h"
 #include "AppRouter.h"
 #include "AuthManager.h"
 #include "LaunchAtLogin.h"
@@ -20,6 +21,8 @@ struct ScreenContext
     /// Asked before whatever is unfinished on a screen is left behind.
     LeaveGuard& leaving;
     LaunchAtLogin& launchAtLogin;
+    /// What a person is to be told whose screen is gone already; the window shows it.
+    QProperty<std::optional<AlertMessage>>& notice;
     /// The current moment; tests bring their own.
     std::function<QDateTime()> now = [] { return QDateTime::currentDateTimeUtc(); };
 };

@@ -127,6 +127,25 @@ void SessionDetailModel::close()
     isLoading = false;
 }
 
+void SessionDetailModel::reopen()
+{
+    EditPaneModel::reopen();
+    messages_->reopen();
+    documents_->reopen();
+}
+
+void SessionDetailModel::beginView()
+{
+    ++views_;
+    reopen();
+}
+
+void SessionDetailModel::endView()
+{
+    if (--views_ == 0)
+        close();
+}
+
 bool SessionDetailModel::holds(AppRole role) const
 {
     return context().auth.availableRoles().contains(role);

@@ -75,6 +75,10 @@ public:
 
     /// What is being loaded counts no longer, and no more is asked for.
     void close() override;
+    void reopen() override;
+    /// A view begins and ends to show the session; it is closed with the last of them.
+    void beginView();
+    void endView();
 
 signals:
     /// The record was loaded.
@@ -94,6 +98,7 @@ private:
     bool holds(AppRole role) const;
 
     qint64 sessionId_;
+    int views_ = 0;
     std::optional<SessionSummary> session_;
     QList<RemoteNotaryOption> notaries_;
     std::shared_ptr<SessionMessagesModel> messages_;

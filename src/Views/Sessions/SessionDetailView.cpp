@@ -13,6 +13,8 @@
 
 #include <QStackedLayout>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 SessionDetailView::SessionDetailView(std::shared_ptr<SessionDetailModel> model, QWidget* parent)
@@ -23,15 +25,23 @@ SessionDetailView::SessionDetailView(std::shared_ptr<SessionDetailModel> model, 
     states_->addWidget(missing_);
     connect(model_.get(), &SessionDetailModel::sessionChanged, this, &SessionDetailView::showState);
     presentAlerts(this, model_->alert, [model = model_] { model->dismissAlert(); });
-    launch(model_->load());
+    model_->beginView();
     follow(this, model_->isLoading, [this](bool) { showState(); });
 }
 
 SessionDetailView::~SessionDetailView()
 {
-    model_->close();
+    model_->endView();
     // What shows the model goes before it.
     delete page_;
+}
+
+void SessionDetailView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    // Shown again with its window it is loaded together with its list.
+    if (!std::exchange(wasShown_, true))
+        launch(model_->load());
 }
 
 QWidget* SessionDetailView::makeLoading()

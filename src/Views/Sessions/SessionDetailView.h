@@ -10,7 +10,7 @@ class SessionDetailModel;
 class SessionDetailPage;
 
 /// The detail of the selected session: while it is loading, when it could not be loaded, and what it holds.
-/// It loads its session when it is made.
+/// It loads its session when it is shown first.
 class SessionDetailView : public QWidget
 {
     Q_OBJECT
@@ -18,6 +18,9 @@ class SessionDetailView : public QWidget
 public:
     explicit SessionDetailView(std::shared_ptr<SessionDetailModel> model, QWidget* parent = nullptr);
     ~SessionDetailView() override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
 
 private:
     void showState();
@@ -29,4 +32,5 @@ private:
     QWidget* loading_;
     EmptyStateView* missing_;
     SessionDetailPage* page_ = nullptr; ///< made when there is something to show
+    bool wasShown_ = false;
 };

@@ -42,6 +42,7 @@ public:
     /// Nobody looks at the documents any more: an upload still runs to its end, but nothing is loaded after
     /// it.
     void close() { isClosed_ = true; }
+    void reopen() { isClosed_ = false; }
 
 signals:
     /// The list was loaded anew.

@@ -41,6 +41,7 @@ public:
     /// Nobody looks at the thread any more: a message on its way still arrives, but nothing is loaded after
     /// it.
     void close() { isClosed_ = true; }
+    void reopen() { isClosed_ = false; }
 
 signals:
     /// The thread is another than before.

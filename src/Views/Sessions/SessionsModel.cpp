@@ -11,7 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
-SessionsModel::SessionsModel(const ScreenContext& context) : ListScreenModel(context)
+SessionsModel::SessionsModel(const ScreenContext& context)
+    : ListScreenModel(context), shownRole_(context.auth.role())
 {
     onStatusFilter_ = statusFilter.addNotifier([this] { filterByStatus(); });
     onRole_ = auth().activeRole.addNotifier([this] { roleChanged(); });
@@ -74,8 +75,10 @@ QString SessionsModel::subtitle() const
 /// Another role sees other sessions.
 void SessionsModel::roleChanged()
 {
-    if (!auth().isSignedIn())
+    // Somebody who comes back after their session has ended finds what they were at.
+    if (!auth().isSignedIn() || auth().role() == shownRole_)
         return;
+    shownRole_ = auth().role();
     selectNone();
     emit selectionChanged();
     launch(load());

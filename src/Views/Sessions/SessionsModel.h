@@ -66,6 +66,7 @@ private:
     QList<SessionSummary> sessions_;
     std::optional<SessionSummary> selectedSession_;
     std::shared_ptr<SessionDetailModel> detail_;
+    AppRole shownRole_; ///< whose sessions are listed
     QPropertyNotifier onStatusFilter_;
     QPropertyNotifier onRole_;
 };

@@ -29,7 +29,7 @@ public:
     QList<Shortcut> quickActions() const;
 
     void run(const Shortcut& action);
-    void signOut() { context_.auth.signOut(); }
+    void signOut() { context_.auth.leave(); }
 
     const ScreenContext& context() const { return context_; }
 

@@ -5,6 +5,7 @@
 #include "Admin/AdminNotariesView.h"
 #include "Admin/AdminRecordsView.h"
 #include "Admin/AdminUsersView.h"
+#include "AlertPresenter.h"
 #include "AppIcon.h"
 #include "Booking/BookRemoteNotaryView.h"
 #include "Components/EmptyStateView.h"
@@ -20,7 +21,6 @@
 
 #include <QHBoxLayout>
 #include <QMenuBar>
-#include <QShowEvent>
 
 #include <algorithm>
 
@@ -60,6 +60,8 @@ MainWindow::MainWindow(MainWindowModel& model, AppearanceModel& appearance)
     connect(&model_, &MainWindowModel::screenChanged, this, &MainWindow::showScreen);
     LeaveGuard& leaving = model_.context().leaving;
     presentQuestions(this, leaving.question, [&leaving](bool leaves) { leaving.answer(leaves); });
+    QProperty<std::optional<AlertMessage>>& notice = model_.context().notice;
+    presentAlerts(this, notice, [&notice] { notice = std::nullopt; });
     showScreen();
     sidebar_->focusSelected();
 }
@@ -87,11 +89,11 @@ void MainWindow::present()
     activateWindow();
 }
 
-void MainWindow::showEvent(QShowEvent* event)
+void MainWindow::setVisible(bool visible)
 {
-    QMainWindow::showEvent(event);
-    if (!event->spontaneous())
-        model_.appeared();
+    if (visible && !isVisible())
+        model_.appears();
+    QMainWindow::setVisible(visible);
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event)
@@ -131,30 +133,36 @@ QWidget* MainWindow::makeScreen()
     Q_UNREACHABLE();
 }
 
+/// A view over the model that its person left unfinished, or over a new one.
+template <typename View, typename Model, typename... More>
+static QWidget* screenOver(MainWindowModel& window, More&... more)
+{
+    return new View(window.screen<Model>(more...));
+}
+
 QWidget* MainWindow::makeSectionScreen()
 {
-    const ScreenContext& context = model_.context();
     switch (model_.selectedSection()) {
     case AppSection::dashboard:
-        return new DashboardHomeView(DashboardHomeModel(context));
+        return new DashboardHomeView(DashboardHomeModel(model_.context()));
     case AppSection::book:
         return new BookRemoteNotaryView(model_.booking());
     case AppSection::sessions:
-        return new SessionsView(std::make_shared<SessionsModel>(context));
+        return screenOver<SessionsView, SessionsModel>(model_);
     case AppSection::settings:
-        return new SettingsContentView(std::make_shared<SettingsContentModel>(context, appearance_));
+        return screenOver<SettingsContentView, SettingsContentModel>(model_, appearance_);
     case AppSection::businessDashboard:
-        return new BusinessDashboardView(std::make_shared<BusinessDashboardModel>(context));
+        return screenOver<BusinessDashboardView, BusinessDashboardModel>(model_);
     case AppSection::notaryDashboard:
-        return new NotaryDashboardView(std::make_shared<NotaryDashboardModel>(context));
+        return screenOver<NotaryDashboardView, NotaryDashboardModel>(model_);
     case AppSection::adminDashboard:
-        return new AdminDashboardView(std::make_shared<AdminDashboardModel>(context));
+        return screenOver<AdminDashboardView, AdminDashboardModel>(model_);
     case AppSection::adminRecords:
-        return new AdminRecordsView(std::make_shared<AdminRecordsModel>(context));
+        return screenOver<AdminRecordsView, AdminRecordsModel>(model_);
     case AppSection::adminUsers:
-        return new AdminUsersView(std::make_shared<AdminUsersModel>(context));
+        return screenOver<AdminUsersView, AdminUsersModel>(model_);
     case AppSection::adminNotaries:
-        return new AdminNotariesView(std::make_shared<AdminNotariesModel>(context));
+        return screenOver<AdminNotariesView, AdminNotariesModel>(model_);
     }
     Q_UNREACHABLE();
 }

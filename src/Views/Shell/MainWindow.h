@@ -19,9 +19,10 @@ public:
 
     /// Shows the window, or brings it forward.
     void present();
+    /// The model hears of the window's coming before any screen in it is shown and makes requests.
+    void setVisible(bool visible) override;
 
 protected:
-    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:

@@ -2,14 +2,24 @@
 
 #include "Launch.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 MainWindowModel::MainWindowModel(const ScreenContext& context)
-    : context_(context), shownSection_(context_.router.selectedSection.value()), lastGate_(gate())
+    : context_(context), shownSection_(context_.router.selectedSection.value()), lastGate_(gate()),
+      wasSignedIn_(context_.auth.isSignedIn())
 {
+    connect(&context_.auth, &AuthManager::personLeft, this, &MainWindowModel::personLeft);
     onUser_ = context_.auth.user.addNotifier([this] { userChanged(); });
     onRole_ = context_.auth.activeRole.addNotifier([this] { emit sidebarChanged(); });
     onSection_ = context_.router.selectedSection.addNotifier([this] { sectionChanged(); });
+}
+
+/// Whether the screen shows something else to each role of one person; the others stay as they are.
+static bool dependsOnActiveRole(AppSection section)
+{
+    return section == AppSection::sessions;
 }
 
 /// The router runs ahead of the window while the person is asked whether the screen may be left.
@@ -37,12 +47,38 @@ void MainWindowModel::showSection()
 
 void MainWindowModel::userChanged()
 {
-    if (!context_.auth.isSignedIn())
-        booking_.reset();
+    const bool isSignedIn = context_.auth.isSignedIn();
+    const bool cameOrWent = std::exchange(wasSignedIn_, isSignedIn) != isSignedIn;
+    if (cameOrWent && context_.auth.interrupted())
+        keepUnfinished();
     emit sidebarChanged();
-    // A screen that goes is not asked about any more, so the window catches up with the router.
-    if (gate() != lastGate_)
+    // The settings are open to all, but nobody is to find those of another person there. A screen that goes
+    // is not asked about any more, so the window catches up with the router.
+    if (gate() != lastGate_ || (cameOrWent && shownSection_ == AppSection::settings))
         showSection();
+}
+
+void MainWindowModel::keepUnfinished()
+{
+    const std::shared_ptr<ScreenModel> front = front_.lock();
+    if (!front || context_.leaving.unfinished() == LeaveGuard::Unfinished::nothing)
+        return;
+    unfinished_ = {shownSection_, front};
+    if (dependsOnActiveRole(shownSection_))
+        context_.auth.resumeRole();
+}
+
+std::shared_ptr<ScreenModel> MainWindowModel::takeUnfinished()
+{
+    if (!context_.auth.isSignedIn() || unfinished_.section != shownSection_)
+        return nullptr;
+    return std::exchange(unfinished_.model, nullptr);
+}
+
+void MainWindowModel::personLeft()
+{
+    booking_.reset();
+    unfinished_.model.reset();
 }
 
 MainWindowModel::Header MainWindowModel::header() const
@@ -110,12 +146,6 @@ void MainWindowModel::select(AppSection section)
     context_.router.selectedSection = section;
 }
 
-/// Whether the screen shows something else to each role of one person; the others stay as they are.
-static bool dependsOnActiveRole(AppSection section)
-{
-    return section == AppSection::sessions;
-}
-
 void MainWindowModel::switchRole(AppRole role)
 {
     if (role == context_.auth.role())
@@ -127,7 +157,7 @@ void MainWindowModel::switchRole(AppRole role)
         switchNow();
 }
 
-void MainWindowModel::appeared()
+void MainWindowModel::appears()
 {
     launch(context_.auth.refreshTokenIfNeeded());
 }

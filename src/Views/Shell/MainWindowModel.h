@@ -49,11 +49,23 @@ public:
     void select(AppSection section);
     /// Switches the role, once the screen in front may be left where the switch changes what it shows.
     void switchRole(AppRole role);
-    /// The window came up: the ID token is renewed.
-    void appeared();
+    /// The window is about to come up: the ID token is renewed, before any screen makes a request.
+    void appears();
 
-    /// The booking form, kept while the person visits other sections and forgotten when they sign out.
+    /// The booking form, kept while the person visits other sections, and when their session ends by itself
+    /// until somebody else comes. Forgotten when they sign out.
     std::shared_ptr<BookRemoteNotaryModel> booking();
+    /// The model for the screen of the selected section, which is in front from now on: the one that its
+    /// person left unfinished when their session ended by itself, or a new one.
+    template <typename Model, typename... More>
+    std::shared_ptr<Model> screen(More&... more)
+    {
+        auto model = std::dynamic_pointer_cast<Model>(takeUnfinished());
+        if (!model)
+            model = std::make_shared<Model>(context_, more...);
+        front_ = model;
+        return model;
+    }
 
     const ScreenContext& context() const { return context_; }
 
@@ -64,14 +76,26 @@ signals:
     void screenChanged();
 
 private:
+    struct UnfinishedScreen
+    {
+        AppSection section = AppSection::dashboard;
+        std::shared_ptr<ScreenModel> model;
+    };
+
     void userChanged();
     void sectionChanged();
     void showSection();
+    void keepUnfinished();
+    std::shared_ptr<ScreenModel> takeUnfinished();
+    void personLeft();
 
     ScreenContext context_;
     AppSection shownSection_;
     Gate lastGate_;
+    bool wasSignedIn_;
     std::shared_ptr<BookRemoteNotaryModel> booking_;
+    std::weak_ptr<ScreenModel> front_;
+    UnfinishedScreen unfinished_; ///< of the person whose session ended; without a model when there is none
     QPropertyNotifier onUser_;
     QPropertyNotifier onRole_;
     QPropertyNotifier onSection_;

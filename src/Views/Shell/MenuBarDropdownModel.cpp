@@ -57,7 +57,7 @@ QList<MenuBarDropdownModel::Item> MenuBarDropdownModel::items() const
         items += separator;
         items += opening(u"Profile & Settings"_s, u"gearshape.fill"_s, AppSection::settings);
         items += {u"Log Out"_s, u"rectangle.portrait.and.arrow.right"_s, [menu = *this] {
-                      menu.context_.auth.signOut();
+                      menu.context_.auth.leave();
                       menu.open(AppSection::dashboard);
                   }};
     } else {
