@@ -19,8 +19,10 @@ QCoro::Task<QString> TokenGate::pass(QString idToken)
         if (!obstacle.isEmpty())
             throw AppError(obstacle);
     }
+    // A member named in the statement itself would be moved out of its object.
+    const QString current = current_;
     if (replaced_.contains(idToken))
-        co_return current_;
+        co_return current;
     co_return idToken;
 }
 

@@ -277,6 +277,19 @@ TEST_F(BookingSubmissionTest, AFailedLookupLeavesTheBookingStanding)
     EXPECT_TRUE(alertOf(*model).isEmpty());
 }
 
+TEST_F(BookingSubmissionTest, ABookingIsToldEvenWhenItsLookupEndsTheSession)
+{
+    submit();
+    answer(0, R"({"reference_id": "RN-7"})");
+    EXPECT_FALSE(notice.value());
+    answer(1, "{}", 401);
+    EXPECT_FALSE(auth.isSignedIn());
+    ASSERT_TRUE(notice.value()) << "the sign-in screen has taken the place of the form";
+    EXPECT_EQ(notice.value()->title, u"Request Submitted"_s);
+    EXPECT_EQ(notice.value()->message, created(u"RN-7"_s));
+    EXPECT_EQ(success(), created(u"RN-7"_s)) << "for when its person comes back";
+}
+
 /// Whatever the bridge answers to a booking that it has accepted, the booking stands and the person is told
 /// so.
 TEST_F(BookingSubmissionTest, AnyTypeInAnyFieldOfTheAnswerIsASuccess)

@@ -223,6 +223,88 @@ TEST_F(BookingUploadTest, TheRequestStandsEvenWhenTheFilesAreGivenUp)
     EXPECT_EQ(success(), createdText);
 }
 
+TEST_F(BookingUploadTest, FilesThatArrivedAreNamedEvenWhenTheOthersAreGivenUp)
+{
+    bookWithThreeFiles();
+    answer(1, "{}");
+    fail(2);
+    model->clearUploads();
+    submit();
+    EXPECT_EQ(requestCount(), 3);
+    EXPECT_EQ(success(), createdText + u" 1 file uploaded into the session."_s);
+}
+
+/// What may happen between the press that booked and the one that sends the missing file, without a change of
+/// the request by its person.
+enum class Meanwhile
+{
+    nothing,
+    theMomentPasses,
+    theProfileComes,
+    anotherRole,
+};
+
+class BookedOnce : public BookingUploadTest, public testing::WithParamInterface<Meanwhile>
+{
+protected:
+    BookedOnce()
+    {
+        signIn(account(u"Priya"_s, {AppRole::business}));
+        launch(model->prefill());
+        fillIn();
+        model->contactPhone = QString();
+        attach(u"a.pdf"_s);
+        attach(u"b.pdf"_s);
+        submit();
+        answer(1, R"({"id": 7})");
+        answer(2, "{}");
+    }
+
+    void happen(Meanwhile what)
+    {
+        if (what == Meanwhile::theMomentPasses)
+            now = now.addYears(100);
+        if (what == Meanwhile::anotherRole)
+            auth.switchRole(AppRole::business);
+        if (what == Meanwhile::theProfileComes)
+            answer(0, R"({"phone": "(555) 010-0199"})");
+    }
+};
+
+TEST_P(BookedOnce, GoesOnWithTheMissingFile)
+{
+    happen(GetParam());
+    fail(3);
+    submit();
+    ASSERT_EQ(requestCount(), 5);
+    EXPECT_EQ(line(4), u"POST /remote-notary/sessions/7/documents"_s);
+    EXPECT_EQ(filesOf(4), QList<QString>{u"b.pdf"_s});
+    answer(4, "{}");
+    EXPECT_EQ(success(), createdText + u" 2 files uploaded into the session."_s);
+    EXPECT_EQ(model->contactPhone.value(), QString());
+    EXPECT_EQ(line(0), u"GET /profile"_s);
+}
+
+INSTANTIATE_TEST_SUITE_P(Happenings, BookedOnce,
+    testing::Values(
+        Meanwhile::nothing, Meanwhile::theMomentPasses, Meanwhile::theProfileComes, Meanwhile::anotherRole));
+
+TEST_F(BookingUploadTest, ASessionThatEndsWhileItIsBookedBooksNoOtherWhenItsPersonReturns)
+{
+    attach(u"a.pdf"_s);
+    submit();
+    const AuthUser person = *auth.user.value();
+    auth.signOut();
+    answer(0, R"({"id": 7})");
+    EXPECT_FALSE(success().has_value());
+    signIn(person);
+    submit();
+    ASSERT_EQ(requestCount(), 2);
+    EXPECT_EQ(line(1), u"POST /remote-notary/sessions/7/documents"_s);
+    answer(1, "{}");
+    EXPECT_TRUE(success().has_value());
+}
+
 TEST_F(BookingUploadTest, AChangedRequestBooksAnew)
 {
     bookWithThreeFiles();

@@ -276,4 +276,29 @@ TEST_F(LoginModelTest, OutlivesTheEndOfTheWebSession)
     EXPECT_FALSE(model->isBusy().value());
 }
 
+TEST_F(LoginModelTest, AFailureIsToldWhenItsScreenIsGone)
+{
+    for (const bool registering : {false, true}) {
+        fillIn();
+        model->isRegistering = registering;
+        launch(model->submit());
+        model->close();
+        answer(requestCount() - 1, R"({"message": "EMAIL_NOT_FOUND"})", 400);
+        ASSERT_TRUE(notice.value());
+        EXPECT_EQ(notice.value()->title, registering ? u"Registration Failed"_s : u"Sign In Failed"_s);
+        EXPECT_EQ(notice.value()->message, u"Incorrect email or password. Please try again."_s);
+        EXPECT_TRUE(alertOf(*model).isEmpty());
+        notice = std::nullopt;
+    }
+}
+
+TEST_F(LoginModelTest, AFailureOnItsScreenIsItsOwn)
+{
+    fillIn();
+    launch(model->submit());
+    answer(0, "{}", 401);
+    EXPECT_FALSE(notice.value());
+    EXPECT_FALSE(alertOf(*model).isEmpty());
+}
+
 } // namespace

@@ -427,7 +427,8 @@ TEST_F(MainWindowModelTest, TheBookingFormOutlivesOtherSectionsButNotTheSignOut)
     model.select(AppSection::sessions);
     model.select(AppSection::book);
     EXPECT_EQ(model.booking()->details.value(), u"half written"_s);
-    replaceUser(account(u"second"_s));
+    auth.leave();
+    signIn(account(u"first"_s));
     EXPECT_EQ(model.booking()->details.value(), QString());
 }
 

@@ -180,7 +180,7 @@ TEST_F(MainWindowTest, AHalfWrittenBookingSurvivesAVisitElsewhereAndIsForgottenA
     settle();
     EXPECT_EQ(model.booking()->details.value(), u"Sign the deed"_s);
 
-    auth.signOut();
+    auth.leave();
     signIn(account(u"tomas"_s));
     settle();
     EXPECT_EQ(model.booking()->details.value(), QString());

@@ -11,13 +11,19 @@
 
 using namespace Qt::StringLiterals;
 
+/// Somebody who is there before their screens are made.
+class NotarysScreens : public ScreensViewTest
+{
+protected:
+    NotarysScreens() { signIn(account(u"maya"_s, {AppRole::notary}), AppRole::notary); }
+};
+
 /// Six sessions, of which the first is selected and loaded, on the screen of a notary.
-class SessionsViewSelectionTest : public ScreensViewTest
+class SessionsViewSelectionTest : public NotarysScreens
 {
 protected:
     SessionsViewSelectionTest()
     {
-        signIn(account(u"maya"_s, {AppRole::notary}), AppRole::notary);
         view.resize(960, 728);
         presentQuestions(&view, leaving.question, [this](bool leaves) { leaving.answer(leaves); });
         show(view);

@@ -28,10 +28,12 @@ class StoredUpload:
 
 
 class Bridge:
-    """A bridge with demo data, listening where the client of this build looks for it."""
+    """A bridge with demo data, listening where the client of this build looks for it. `options` are more of its
+    command line."""
 
-    def __init__(self, build, data, desktop):
+    def __init__(self, build, data, desktop, options=()):
         self.data = data
+        self._options = options
         self._desktop = desktop
         self._program = build / "bin" / "quorvel-bridge"
         self._port = _port_of(build)
@@ -52,12 +54,16 @@ class Bridge:
     def start(self):
         """Also again after `kill`, with what it has stored."""
         self._process = self._desktop.processes.start(
-            [self._program, "--data", self.data, "--listen", f"{HOST}:{self._port}", "--demo"],
+            [self._program, "--data", self.data, "--listen", f"{HOST}:{self._port}", "--demo", *self._options],
             self._desktop.environment, stdout=subprocess.PIPE, text=True)
         for line in self._process.stdout:
             if line.startswith("Listening on "):
                 return
         raise NoWayToBridge("The local bridge did not start.")
+
+    def newest_token_end(self):
+        """When the ID token ends that was issued last, in seconds since 1970."""
+        return self._rows("select max(expires_at) as ends from id_tokens")[0]["ends"] / 1000
 
     def freeze(self):
         """From now on it neither answers nor hangs up."""

@@ -37,12 +37,7 @@ SettingsContentView::SettingsContentView(std::shared_ptr<SettingsContentModel> m
 
 void SettingsContentView::showUser(bool isSignedIn)
 {
-    const int page = isSignedIn ? 1 : 0;
-    if (page == currentIndex())
-        return;
-    setCurrentIndex(page);
-    if (isVisible())
-        model_->appeared();
+    setCurrentIndex(isSignedIn ? 1 : 0);
 }
 
 void SettingsContentView::showEvent(QShowEvent* event)

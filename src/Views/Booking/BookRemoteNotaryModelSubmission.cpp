@@ -56,9 +56,11 @@ QCoro::Task<> BookRemoteNotaryModel::book(Turn turn, QString token)
 {
     if (!isBooked()) {
         const std::shared_ptr<Booked> created = co_await create(turn, token);
+        // Also when the session of its person has ended meanwhile: they may come back to this form.
+        if (turn.isNewest())
+            booked_ = created;
         if (turn.isOver())
             co_return;
-        booked_ = created;
     }
     const std::shared_ptr<Booked> booked = booked_;
     QString message = u"Remote notary request "_s + booked->reference
@@ -79,19 +81,6 @@ QCoro::Task<> BookRemoteNotaryModel::book(Turn turn, QString token)
         context().notice = AlertMessage{.title = u"Request Submitted"_s, .message = message};
 }
 
-QCoro::Task<std::shared_ptr<BookRemoteNotaryModel::Booked>> BookRemoteNotaryModel::create(
-    Turn turn, QString token)
-{
-    const auto created = std::make_shared<Booked>();
-    created->form = formBody();
-    const QJsonObject body = requestBody();
-    const JSONObject response = co_await api().createSession(body, token);
-    created->reference = response.string(u"reference_id"_s, response.string(u"id"_s, u"your new request"_s));
-    if (!turn.isOver())
-        created->sessionId = co_await resolveCreatedSessionId(response, created->reference, token);
-    co_return created;
-}
-
 /// The id that an answer to a booking carries itself.
 static std::optional<qint64> answeredSessionId(const JSONObject& response)
 {
@@ -102,6 +91,21 @@ static std::optional<qint64> answeredSessionId(const JSONObject& response)
     const JSONObject session = response.object(u"session"_s).value_or(JSONObject());
     const std::optional<qint64> id = session.intValue(u"id"_s);
     return id ? id : session.intValue(u"session_id"_s);
+}
+
+QCoro::Task<std::shared_ptr<BookRemoteNotaryModel::Booked>> BookRemoteNotaryModel::create(
+    Turn turn, QString token)
+{
+    const auto created = std::make_shared<Booked>();
+    created->form = formBody();
+    const QJsonObject body = requestBody();
+    const JSONObject response = co_await api().createSession(body, token);
+    created->reference = response.string(u"reference_id"_s, response.string(u"id"_s, u"your new request"_s));
+    if (turn.isOver())
+        created->sessionId = answeredSessionId(response);
+    else
+        created->sessionId = co_await resolveCreatedSessionId(response, created->reference, token);
+    co_return created;
 }
 
 /// The first session, in the order received, that goes by the reference.
