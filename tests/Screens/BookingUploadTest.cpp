@@ -198,6 +198,18 @@ TEST_F(BookingUploadTest, TheSameRequestAgainGoesOnWithTheMissingFiles)
     EXPECT_EQ(success(), createdText + u" 3 files uploaded into the session."_s);
 }
 
+TEST_F(BookingUploadTest, FilesAddedMeanwhileAreNeitherSentNorTakenAway)
+{
+    attach(u"a.pdf"_s);
+    submit();
+    answer(0, R"({"id": 7})");
+    attach(u"late.pdf"_s);
+    answer(1, "{}");
+    EXPECT_EQ(requestCount(), 2);
+    EXPECT_EQ(success(), createdText + u" 1 file uploaded into the session."_s);
+    EXPECT_EQ(attachedNames(), QList<QString>{u"late.pdf"_s});
+}
+
 TEST_F(BookingUploadTest, GoesOnAsOftenAsItTakes)
 {
     bookWithThreeFiles();

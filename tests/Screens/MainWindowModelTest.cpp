@@ -390,6 +390,15 @@ TEST_F(MainWindowModelTest, SigningInAndOutChangesTheScreenOnlyBehindAGate)
     EXPECT_GE(sidebarChanges, 1);
 }
 
+TEST_F(MainWindowModelTest, TheSelectedSessionOutlivesASignOut)
+{
+    signIn(account(u"client"_s));
+    router.open(AppSection::sessions, 7);
+    auth.leave();
+    EXPECT_EQ(router.selectedSection.value(), AppSection::sessions);
+    EXPECT_EQ(router.selectedSessionId.value(), 7) << "where the window is, is nobody's in particular";
+}
+
 TEST_F(MainWindowModelTest, ARenewedTokenLeavesTheScreenAlone)
 {
     AuthUser user = account(u"client"_s);
