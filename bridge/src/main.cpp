@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <iostream>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -37,6 +38,9 @@ void serve(bridge::Bridge& server)
 int main(int argc, char** argv)
 {
     umask(077);
+    // Passwords pass through this memory, and no core file may hold them.
+    const rlimit none{0, 0};
+    setrlimit(RLIMIT_CORE, &none);
     // A file that may not grow any more is an error like a full disk, not the end of the server.
     std::signal(SIGXFSZ, SIG_IGN);
     try {

@@ -120,6 +120,8 @@ TEST_F(Documents, LiesAtAnAddressThatNobodyGuesses)
     // The HTTP library of this test shows a header's value decoded.
     EXPECT_EQ(file.header("Content-Disposition"), "attachment; filename*=UTF-8''Ünü \"x\".pdf");
     EXPECT_EQ(file.header("X-Content-Type-Options"), "nosniff");
+    EXPECT_EQ(file.header("Content-Security-Policy"), "sandbox");
+    EXPECT_EQ(file.header("Referrer-Policy"), "no-referrer");
     EXPECT_EQ(file.header("Content-Type"), "application/pdf");
 
     const std::string path = "/" + url.substr(url.find("/files/"));

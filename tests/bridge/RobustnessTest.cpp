@@ -333,6 +333,20 @@ TEST(Log, HasPathsAndNothingThatPeopleWrote)
         EXPECT_EQ(log.find(secret), std::string::npos) << log;
 }
 
+TEST(Log, HasALineForARequestWhateverItsPathHolds)
+{
+    RunningBridge::Wishes wishes;
+    wishes.verbose = true;
+    testing::internal::CaptureStderr();
+    {
+        const RunningBridge bridge(wishes);
+        bridge.api().get("//a%0aGET%20/forged%20200%0d%1b[2Jb%00c%ff");
+    }
+    const std::string log = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 1) << log;
+    EXPECT_NE(log.find("GET /a\\x0aGET /forged 200\\x0d\\x1b[2Jb\\x00c\\xff 404"), std::string::npos) << log;
+}
+
 TEST_F(Robustness, TheWebsiteIsAPage)
 {
     const Reply page = api.get("//");

@@ -1,5 +1,7 @@
 #include "Net/ConnectionThreads.h"
 
+#include <system_error>
+
 namespace bridge {
 
 ConnectionThreads::ConnectionThreads(std::size_t limit) : limit_(limit) { }
@@ -8,10 +10,20 @@ void ConnectionThreads::enqueue(std::function<void()> job)
 {
     const std::lock_guard lock(mutex_);
     jobs_.push_back(std::move(job));
-    if (idle_ < jobs_.size() && threads_.size() < limit_)
-        threads_.emplace_back([this] { work(); });
-    else
+    const bool isOneMoreWanted = idle_ < jobs_.size() && threads_.size() < limit_;
+    if (!isOneMoreWanted || !startThread())
         wake_.notify_one();
+}
+
+/// \returns whether the system had one left; the threads that there are do the work otherwise
+bool ConnectionThreads::startThread()
+{
+    try {
+        threads_.emplace_back([this] { work(); });
+        return true;
+    } catch (const std::system_error&) {
+        return false;
+    }
 }
 
 void ConnectionThreads::shutdown()

@@ -11,7 +11,8 @@
 namespace bridge {
 
 /// A thread for every open connection, so that any number of idle ones (up to the limit) never makes a busy
-/// one wait. Threads are started when needed and reused.
+/// one wait. Threads are started when needed and reused; where the system has no more of them, connections
+/// wait for those that there are.
 class ConnectionThreads : public httplib::TaskQueue
 {
 public:
@@ -21,6 +22,7 @@ public:
     void shutdown() override;
 
 private:
+    bool startThread();
     void work();
 
     const std::size_t limit_;

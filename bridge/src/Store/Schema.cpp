@@ -175,7 +175,9 @@ void bringSchemaUpToDate(soci::session& sql)
         for (const char* statement : steps[step])
             Query(sql, statement).run();
     }
-    sql << "pragma user_version = " + std::to_string(steps.size());
+    // A disk without room for another page still holds everything that there is to read.
+    if (version != static_cast<long long>(steps.size()))
+        sql << "pragma user_version = " + std::to_string(steps.size());
 }
 
 } // namespace bridge

@@ -7,6 +7,7 @@
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
+#include <regex>
 #include <set>
 #include <system_error>
 #include <unistd.h>
@@ -14,6 +15,7 @@
 namespace bridge {
 
 static constexpr const char* unfinished = ".part";
+static constexpr std::size_t nameBytes = 18; // 24 characters
 
 struct IncomingFile::Digest
 {
@@ -21,7 +23,7 @@ struct IncomingFile::Digest
 };
 
 IncomingFile::IncomingFile(const std::filesystem::path& folder)
-    : folder_(folder), name_(randomText(18)), digest_(std::make_unique<Digest>())
+    : folder_(folder), name_(randomText(nameBytes)), digest_(std::make_unique<Digest>())
 {
     const std::filesystem::path path = folder_ / (name_ + unfinished);
     file_ = Descriptor(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
@@ -70,13 +72,27 @@ void IncomingFile::discard()
     isMine_ = false;
 }
 
-void removeOrphans(const std::filesystem::path& folder, const std::vector<std::string>& stored)
+/// Whether a file bears a name as IncomingFile gives them, so that nobody else can have put it there.
+static bool isOurs(const std::filesystem::directory_entry& entry)
+{
+    static const std::regex names("[A-Za-z0-9_-]{24}(\\.part)?");
+    return entry.symlink_status().type() == std::filesystem::file_type::regular
+        && std::regex_match(entry.path().filename().string(), names);
+}
+
+void setAsideUnknown(const std::filesystem::path& folder, const std::vector<std::string>& stored,
+    const std::filesystem::path& lost)
 {
     const std::set<std::string> known(stored.begin(), stored.end());
+    std::vector<std::filesystem::path> unknown;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        if (known.count(entry.path().filename().string()) == 0)
-            std::filesystem::remove(entry.path());
+        if (isOurs(entry) && known.count(entry.path().filename().string()) == 0)
+            unknown.push_back(entry.path());
     }
+    if (!unknown.empty())
+        std::filesystem::create_directories(lost);
+    for (const std::filesystem::path& file : unknown)
+        std::filesystem::rename(file, lost / file.filename());
 }
 
 } // namespace bridge
