@@ -14,12 +14,10 @@ QString text(FuzzedDataProvider& input)
     return QString::fromStdString(input.ConsumeRandomLengthString());
 }
 
-/// A name stands within a header line, so it cannot hold a line end.
-QString name(FuzzedDataProvider& input)
+/// A name as it stands within a header line.
+QByteArray onOneLine(const QString& name)
 {
-    QString line = text(input);
-    line.remove(u'\r');
-    return line.remove(u'\n');
+    return name.toUtf8().replace('\r', "%0D").replace('\n', "%0A");
 }
 
 /// The bytes on the wire, with the contents in the places of their files.
@@ -42,18 +40,19 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     FormFields fields;
     QList<FormPart> expected;
     while (input.ConsumeBool()) {
-        const QString key = name(input);
+        const QString key = text(input);
         const QString value = text(input);
         fields += {key, value};
-        expected += FormPart{"Content-Disposition: form-data; name=\"" + key.toUtf8() + '"', value.toUtf8()};
+        expected
+            += FormPart{"Content-Disposition: form-data; name=\"" + onOneLine(key) + '"', value.toUtf8()};
     }
     QList<MultipartFile> files;
     QList<QByteArray> contents;
     while (input.ConsumeBool()) {
-        const QString fileName = name(input);
+        const QString fileName = text(input);
         contents += QByteArray::fromStdString(input.ConsumeRandomLengthString());
         files += MultipartFile{u"f[]"_s, fileName, u"image/png"_s, {u"/"_s, contents.last().size()}};
-        expected += FormPart{"Content-Disposition: form-data; name=\"f[]\"; filename=\"" + fileName.toUtf8()
+        expected += FormPart{"Content-Disposition: form-data; name=\"f[]\"; filename=\"" + onOneLine(fileName)
                 + "\"\r\nContent-Type: image/png",
             contents.last()};
     }

@@ -7,13 +7,21 @@
 
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 
-/// Whatever this process writes belongs to its user alone, and no core file may hold their tokens.
+/// Whatever this process writes belongs to its user alone. No core file may hold their tokens, not even one
+/// that the system hands to a program, whatever its size; and nobody may ask by the environment to have the
+/// keys of its connections written down.
 static void keepSecrets()
 {
     umask(077);
     const rlimit none{0, 0};
     setrlimit(RLIMIT_CORE, &none);
+    if (std::FILE* filter = std::fopen("/proc/self/coredump_filter", "w")) {
+        std::fputs("0", filter);
+        std::fclose(filter);
+    }
+    unsetenv("SSLKEYLOGFILE");
 }
 
 /// A journal or terminal that has gone must not take a half-written request with it.

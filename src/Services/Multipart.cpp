@@ -7,9 +7,15 @@ static QByteArray delimiter(const QByteArray& boundary)
     return "--" + boundary + lineEnd;
 }
 
+/// A name as it stands in a header line, which a line end in it would end. All else is sent as it is.
+static QByteArray onOneLine(const QString& name)
+{
+    return name.toUtf8().replace('\r', "%0D").replace('\n', "%0A");
+}
+
 static QByteArray disposition(const QString& name)
 {
-    return "Content-Disposition: form-data; name=\"" + name.toUtf8() + '"';
+    return "Content-Disposition: form-data; name=\"" + onOneLine(name) + '"';
 }
 
 RequestBody makeMultipartBody(
@@ -22,8 +28,8 @@ RequestBody makeMultipartBody(
 
     RequestBody body;
     for (const MultipartFile& file : files) {
-        text += delimiter(mark) + disposition(file.fieldName) + "; filename=\"" + file.fileName.toUtf8() + '"'
-            + lineEnd + "Content-Type: " + file.mimeType.toUtf8() + lineEnd + lineEnd;
+        text += delimiter(mark) + disposition(file.fieldName) + "; filename=\"" + onOneLine(file.fileName)
+            + '"' + lineEnd + "Content-Type: " + file.mimeType.toUtf8() + lineEnd + lineEnd;
         body.append(std::exchange(text, lineEnd));
         body.append(file.data);
     }

@@ -11,7 +11,7 @@
 struct MultipartFile
 {
     QString fieldName;
-    QString fileName; ///< as sent in the part's header, without escaping
+    QString fileName; ///< as sent in the part's header; only line ends are escaped, as %0D and %0A
     QString mimeType;
     RequestBody::File data;
 };

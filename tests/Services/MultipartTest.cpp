@@ -87,6 +87,36 @@ TEST(MultipartBody, HasExactlyTheseBytes)
     EXPECT_EQ(body.size(), expected.size());
 }
 
+struct NameRow : Named
+{
+    QString text;
+    QByteArray sent;
+};
+
+class MultipartNames : public testing::TestWithParam<NameRow>
+{ };
+
+TEST_P(MultipartNames, StayOnTheirLineAndAreElseAsTheyAre)
+{
+    Files files;
+    const NameRow& row = GetParam();
+    const QList<MultipartFile> one{files.add(row.text, row.text, "%PDF")};
+    const RequestBody body = makeMultipartBody(boundary, {{row.text, u"a\r\nb"_s}}, one);
+    const QList<FormPart> expected{{"Content-Disposition: form-data; name=\"" + row.sent + '"', "a\r\nb"},
+        {"Content-Disposition: form-data; name=\"" + row.sent + "\"; filename=\"" + row.sent
+                + "\"\r\nContent-Type: application/pdf",
+            "%PDF"}};
+    EXPECT_EQ(partsOf(body), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, MultipartNames,
+    testing::Values(NameRow{{"EmptyLine"}, u"two\r\n\r\nblank.pdf"_s, "two%0D%0A%0D%0Ablank.pdf"},
+        NameRow{{"ForgedPart"}, u"a.pdf\"\r\n\r\nFORGED"_s, "a.pdf\"%0D%0A%0D%0AFORGED"},
+        NameRow{{"LineFeed"}, u"a\nb"_s, "a%0Ab"}, NameRow{{"CarriageReturn"}, u"a\rb"_s, "a%0Db"},
+        NameRow{{"PercentSigns"}, u"100%0A%.pdf"_s, "100%0A%.pdf"},
+        NameRow{{"Quote"}, u"a\"b\\c"_s, "a\"b\\c"}, NameRow{{"BeyondAscii"}, u"Zoë 😀.pdf"_s, "Zoë 😀.pdf"}),
+    RowName());
+
 TEST(MultipartBody, IsJustTheClosingDelimiterWithoutParts)
 {
     EXPECT_EQ(bytesOf(makeMultipartBody(boundary, {}, {})), "--Boundary-7E57--\r\n");

@@ -33,7 +33,9 @@ class Client:
         self._program = build / "bin" / "quorvel"
         # The desktop finds the program's icons as if these were installed.
         self._environment = (desktop.environment | {"SSL_CERT_FILE": str(bridge.authority),
-                                                    "XDG_DATA_DIRS": f"{build / 'share'}:/usr/share"}
+                                                    "XDG_DATA_DIRS": f"{build / 'share'}:/usr/share",
+                                                    # What obeys it leaves a file that nobody expects.
+                                                    "SSLKEYLOGFILE": str(desktop.home / "tls-keys")}
                              | conditions.environment)
         self._scale = conditions.scale
         # Of all runs, one behind the other.
@@ -81,6 +83,10 @@ class Client:
         """The bytes that the system may write to disk of this process when it crashes."""
         limits = Path(f"/proc/{self.process.pid}/limits").read_text(encoding="ascii")
         return re.search(r"^Max core file size +(\S+) +\S+", limits, re.MULTILINE)[1]
+
+    def core_filter(self):
+        """Which parts of the memory a core file of this process would hold, in the kernel's words."""
+        return Path(f"/proc/{self.process.pid}/coredump_filter").read_text(encoding="ascii").strip()
 
     def preferences(self):
         """The text of the one file that the client keeps."""

@@ -90,6 +90,7 @@ def expect_remembered(stage, email):
     expect("QuorvelMac.authUser" in stage.client.preferences(), "The signed-in person is not remembered.")
     expect_equal(stage.client.preferences_mode(), 0o600, "the mode of the preferences")
     expect_equal(stage.client.largest_core(), "0", "the size of a core file, which would hold the tokens")
+    expect_equal(stage.client.core_filter(), "00000000", "what a core file would hold that is piped to a program")
     expect_no_password(stage)
     stage.secrets.update(tokens_in(stage.client.preferences()))
 
