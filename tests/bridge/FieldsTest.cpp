@@ -1,4 +1,6 @@
 #include "Http/Fields.h"
+#include "Http/Call.h"
+#include "Http/Problem.h"
 
 #include <gtest/gtest.h>
 
@@ -45,6 +47,20 @@ TEST(Fields, AnythingButAnObjectHasNone)
     for (const Json& value :
         {Json(), Json(1), Json("text"), Json::array({1}), Json::parse("{", nullptr, false)})
         EXPECT_EQ(Fields(value).text("text"), "");
+}
+
+TEST(JsonObject, IsReadDownToTheLastLevelThatAnybodyNeeds)
+{
+    const auto nested = [](std::size_t levels) {
+        return "{\"data\":" + std::string(levels, '[') + std::string(levels, ']') + "}";
+    };
+    EXPECT_TRUE(jsonObject(nested(63)).has("data"));
+    for (const std::size_t levels : {std::size_t(64), std::size_t(1000), std::size_t(131'600)})
+        EXPECT_THROW(jsonObject(nested(levels)), Problem) << levels;
+    std::string objects;
+    for (int level = 0; level < 100; ++level)
+        objects += "{\"data\":";
+    EXPECT_THROW(jsonObject(objects + "1" + std::string(100, '}')), Problem);
 }
 
 TEST(EmailAddress, HasTwoPiecesAndADomain)

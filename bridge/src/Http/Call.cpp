@@ -9,12 +9,23 @@ namespace bridge {
 
 static constexpr std::size_t largestText = 1 << 20;
 
+/// Levels of lists and objects in a body; what clients send has three.
+static constexpr int mostLevels = 64;
+
 Fields jsonObject(const std::string& body)
 {
     if (body.empty())
         return Fields({});
-    nlohmann::json value = nlohmann::json::parse(body, nullptr, false);
-    if (!value.is_object())
+    // Looked at before the value is made: whoever works with it later may do so level by level.
+    bool isTooDeep = false;
+    using Event = nlohmann::json::parse_event_t;
+    const auto watchDepth = [&isTooDeep](int depth, Event event, const nlohmann::json&) {
+        const bool isLevel = event == Event::array_start || event == Event::object_start;
+        isTooDeep = isTooDeep || (isLevel && depth >= mostLevels);
+        return !isTooDeep;
+    };
+    nlohmann::json value = nlohmann::json::parse(body, watchDepth, false);
+    if (isTooDeep || !value.is_object())
         throw refusal(400, "The request could not be read.");
     return Fields(std::move(value));
 }

@@ -12,7 +12,7 @@
 namespace bridge {
 
 /// A body as a JSON object; an empty body is an empty object.
-/// \throws Problem 400 when it is anything else
+/// \throws Problem 400 when it is anything else, or nested deeper than anybody needs
 Fields jsonObject(const std::string& body);
 
 /// One request on its way through an operation.
