@@ -68,22 +68,6 @@ void Bridge::stop()
     server_.finish();
 }
 
-/// A line of a log holds one request, whatever the request holds: bytes that are no ASCII character are
-/// written out.
-static std::string printable(const std::string& text)
-{
-    static constexpr const char* digits = "0123456789abcdef";
-    std::string shown;
-    for (const char character : text) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (byte >= 0x20 && byte < 0x7f)
-            shown += character;
-        else
-            shown += std::string("\\x") + digits[byte >> 4] + digits[byte & 15];
-    }
-    return shown;
-}
-
 void Bridge::connect()
 {
     router_.answerAllOf(server_);

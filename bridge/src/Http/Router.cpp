@@ -38,6 +38,20 @@ static bool matches(const std::vector<std::string>& pattern, const std::vector<s
     return true;
 }
 
+std::string printable(const std::string& text)
+{
+    static constexpr const char* digits = "0123456789abcdef";
+    std::string shown;
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte >= 0x20 && byte < 0x7f)
+            shown += character;
+        else
+            shown += std::string("\\x") + digits[byte >> 4] + digits[byte & 15];
+    }
+    return shown;
+}
+
 Router::Router(Authenticator authenticator) : authenticate_(std::move(authenticator)) { }
 
 void Router::add(const std::string& method, const std::string& path, Access access, Operation operation)
@@ -81,7 +95,7 @@ void Router::dispatch(
         call.answer(problem.body(), problem.status());
     } catch (...) {
         // The exception's text may quote what a person sent, so it is not written down.
-        std::cerr << "An operation failed unexpectedly: " << request.method << ' ' << request.path
+        std::cerr << "An operation failed unexpectedly: " << printable(request.method + ' ' + request.path)
                   << std::endl;
         call.answer({{"message", "Something went wrong on our side. Please try again."}}, 500);
     }

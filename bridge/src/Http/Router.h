@@ -8,6 +8,10 @@
 
 namespace bridge {
 
+/// Text of a request for a line of a log, which it can neither end nor rewrite: bytes that are no printable
+/// ASCII character become "\xNN".
+std::string printable(const std::string& text);
+
 /// Who may call an operation.
 enum class Access
 {
