@@ -2,6 +2,7 @@
 
 #include "Accessibility.h"
 #include "Components/RowList.h"
+#include "FaultMark.h"
 #include "MenuPainting.h"
 #include "Paint.h"
 #include "Palette.h"
@@ -239,7 +240,7 @@ void BrandStyle::drawPrimitive(
             frame && frame->lineWidth > 0)
             Paint::field(*painter, option->rect,
                 {bool(option->state & State_Enabled), bool(option->state & State_MouseOver),
-                    bool(option->state & State_HasFocus)});
+                    option->state & State_HasFocus || FaultMark::isOn(widget)});
         return;
     case PE_FrameLineEdit:
     case PE_FrameFocusRect:

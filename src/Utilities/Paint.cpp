@@ -1,5 +1,6 @@
 #include "Paint.h"
 
+#include "FaultMark.h"
 #include "Palette.h"
 #include "Spacing.h"
 
@@ -43,7 +44,7 @@ QPainterPath leadingCorner(const QRectF& area, qreal radius, Qt::LayoutDirection
 ControlState stateOf(const QWidget& control, const QWidget* focusOwner)
 {
     const auto& owner = focusOwner ? *focusOwner : control;
-    return {control.isEnabled(), control.underMouse(), owner.hasFocus()};
+    return {control.isEnabled(), control.underMouse(), owner.hasFocus() || FaultMark::isOn(&owner)};
 }
 
 void field(QPainter& painter, const QRectF& area, const ControlState& state)

@@ -105,19 +105,19 @@ TEST_F(BookingUploadTest, WithoutAnIdTheFilesStayInTheList)
     EXPECT_TRUE(alertOf(*model).isEmpty());
 }
 
-TEST_F(BookingUploadTest, ShowsBytesOfAllFilesTogether)
+TEST_F(BookingUploadTest, EachFileMovesTheProgressByItsShare)
 {
     bookWithThreeFiles();
     EXPECT_EQ(model->uploadProgress.value(), 0);
     request(1).onProgress(5, 10);
-    EXPECT_DOUBLE_EQ(model->uploadProgress.value(), 5.0 / 40);
+    EXPECT_DOUBLE_EQ(model->uploadProgress.value(), 1.0 / 6);
     request(1).onProgress(400, 400);
-    EXPECT_DOUBLE_EQ(model->uploadProgress.value(), 10.0 / 40) << "what surrounds the file does not count";
+    EXPECT_DOUBLE_EQ(model->uploadProgress.value(), 1.0 / 3) << "what surrounds the file does not count";
     answer(1, "{}");
     request(2).onProgress(10, 20);
-    EXPECT_DOUBLE_EQ(model->uploadProgress.value(), 20.0 / 40);
+    EXPECT_DOUBLE_EQ(model->uploadProgress.value(), 0.5);
     answer(2, "{}");
-    EXPECT_DOUBLE_EQ(model->uploadProgress.value(), 30.0 / 40);
+    EXPECT_DOUBLE_EQ(model->uploadProgress.value(), 2.0 / 3);
     answer(3, "{}");
     EXPECT_EQ(model->uploadProgress.value(), 1);
 }

@@ -125,18 +125,18 @@ TEST_F(SessionUploadTest, NothingPendingIsNothingToDo)
     EXPECT_FALSE(model->isUploadingFiles.value());
 }
 
-TEST_F(SessionUploadTest, ShowsBytesOfAllFilesTogether)
+TEST_F(SessionUploadTest, EachFileMovesTheProgressByItsShare)
 {
     attachThree();
     upload();
     EXPECT_EQ(model->uploadProgress.value(), 0);
     webSession->reportProgress(0, 5, 10);
-    EXPECT_DOUBLE_EQ(model->uploadProgress.value(), 5.0 / 40);
+    EXPECT_DOUBLE_EQ(model->uploadProgress.value(), 1.0 / 6);
     webSession->reportProgress(0, 400, 400);
-    EXPECT_DOUBLE_EQ(model->uploadProgress.value(), 10.0 / 40) << "what surrounds the file does not count";
+    EXPECT_DOUBLE_EQ(model->uploadProgress.value(), 1.0 / 3) << "what surrounds the file does not count";
     answer(0, "{}");
     webSession->reportProgress(1, 10, 20);
-    EXPECT_DOUBLE_EQ(model->uploadProgress.value(), 20.0 / 40);
+    EXPECT_DOUBLE_EQ(model->uploadProgress.value(), 0.5);
     answer(1, "{}");
     answer(2, "{}");
     EXPECT_EQ(model->uploadProgress.value(), 1);

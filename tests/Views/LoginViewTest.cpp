@@ -2,6 +2,8 @@
 
 #include "Components/AlertDialog.h"
 #include "Components/PrimaryButton.h"
+#include "FaultMark.h"
+#include "Screens/Cases.h"
 #include "ScreensViewTest.h"
 
 #include <QAbstractButton>
@@ -20,6 +22,12 @@ protected:
 
     QLineEdit* field(const QString& name) { return named<QLineEdit>(view, name); }
     PrimaryButton* submit() { return view.findChild<PrimaryButton*>(); }
+    void dismissAlert()
+    {
+        QTest::keyClick(view.findChild<AlertDialog*>()->okButton(), Qt::Key_Escape);
+        settle();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 
     std::shared_ptr<LoginModel> model
         = std::make_shared<LoginModel>(context, u"Sessions"_s, u"doc.text.magnifyingglass"_s);
@@ -128,3 +136,85 @@ TEST_F(LoginViewTest, SaysWhatItIsForInEitherMode)
     EXPECT_EQ(field(u"City"_s)->placeholderText(), u"Springfield"_s);
     EXPECT_EQ(field(u"Password"_s)->placeholderText(), u"Password"_s);
 }
+
+TEST_F(LoginViewTest, OpensWithTheCaretWhereFillingInBegins)
+{
+    EXPECT_TRUE(field(u"Email"_s)->hasFocus());
+    click(named<QAbstractButton>(view, u"Create Account"_s));
+    EXPECT_TRUE(field(u"Full Name"_s)->hasFocus());
+    click(named<QAbstractButton>(view, u"Sign In"_s));
+    EXPECT_TRUE(field(u"Email"_s)->hasFocus());
+}
+
+TEST_F(LoginViewTest, TheArrowKeysChooseTheModeAndStayThere)
+{
+    auto* mode = named<QAbstractButton>(view, u"Sign In"_s);
+    mode->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(mode, Qt::Key_Right);
+    settle();
+    EXPECT_TRUE(model->isRegistering.value());
+    EXPECT_TRUE(named<QAbstractButton>(view, u"Create Account"_s)->hasFocus());
+}
+
+TEST_F(LoginViewTest, ARefusedPasswordIsReplacedByWhatIsTypedNext)
+{
+    model->email = u"priya@example.com"_s;
+    model->password = u"wrong"_s;
+    click(submit());
+    answer(0, R"({"error":"INVALID_LOGIN_CREDENTIALS"})", 400);
+    dismissAlert();
+    EXPECT_TRUE(field(u"Password"_s)->hasFocus());
+    EXPECT_FALSE(FaultMark::isOn(field(u"Password"_s))) << "it may be the address that is wrong";
+    QTest::keyClicks(QApplication::focusWidget(), u"right"_s);
+    EXPECT_EQ(model->password.value(), u"right"_s);
+}
+
+namespace {
+
+struct LoginFault
+{
+    std::string name;
+    bool isRegistering;
+    QString person;
+    QString email;
+    QString password;
+    QString field; ///< to which the fault leads
+    QString sentence;
+};
+
+class LoginViewFaults : public LoginViewTest, public testing::WithParamInterface<LoginFault>
+{ };
+
+} // namespace
+
+TEST_P(LoginViewFaults, LeadToTheirField)
+{
+    const LoginFault& fault = GetParam();
+    model->isRegistering = fault.isRegistering;
+    model->name = fault.person;
+    model->email = fault.email;
+    model->password = fault.password;
+    click(submit());
+    dismissAlert();
+    QLineEdit* led = field(fault.field);
+    ASSERT_NE(led, nullptr);
+    EXPECT_TRUE(led->hasFocus());
+    EXPECT_EQ(led->selectionLength(), led->text().size());
+    EXPECT_TRUE(FaultMark::isOn(led));
+    EXPECT_EQ(led->accessibleDescription(), fault.sentence);
+    QTest::keyClicks(led, u"x"_s);
+    EXPECT_FALSE(FaultMark::isOn(led));
+    EXPECT_EQ(requestCount(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Fields, LoginViewFaults,
+    testing::Values(LoginFault{"Email", false, {}, u"priya"_s, u"secret"_s, u"Email"_s,
+                        u"Enter a valid email address."_s},
+        LoginFault{"Password", false, {}, u"p@example.com"_s, {}, u"Password"_s, u"Enter your password."_s},
+        LoginFault{"NewName", true, u" "_s, u"p@example.com"_s, u"secret"_s, u"Full Name"_s,
+            u"Enter your full name."_s},
+        LoginFault{"NewEmail", true, u"Priya"_s, u"p@"_s, u"secret"_s, u"Email"_s,
+            u"Enter a valid email address."_s},
+        LoginFault{"NewPassword", true, u"Priya"_s, u"p@example.com"_s, u"short"_s, u"Password"_s,
+            u"Password must be at least 6 characters."_s}),
+    ByName());

@@ -4,6 +4,7 @@
 #include "Components/Button.h"
 #include "Components/EmptyStateView.h"
 #include "Components/Switch.h"
+#include "FaultMark.h"
 #include "ScreensViewTest.h"
 #include "support/SteadyAppearance.h"
 
@@ -195,8 +196,11 @@ TEST_F(SettingsContentViewTest, ChangesThePassword)
     click(button(u"Change Password"_s));
     EXPECT_EQ(alert(), (QStringList{u"Missing Password"_s, u"Enter a new password."_s}));
     dismissAlert();
+    EXPECT_TRUE(field(u"New Password"_s)->hasFocus());
+    EXPECT_TRUE(FaultMark::isOn(field(u"New Password"_s)));
     type(u"Current Password"_s, u"old "_s);
     type(u"New Password"_s, u" new"_s);
+    EXPECT_FALSE(FaultMark::isOn(field(u"New Password"_s)));
     click(button(u"Change Password"_s));
     ASSERT_EQ(requestCount(), 2);
     EXPECT_EQ(body(1), object(R"({"current_password": "old ", "new_password": " new"})"));

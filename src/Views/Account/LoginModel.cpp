@@ -19,19 +19,19 @@ static int characterCount(const QString& text)
     return count;
 }
 
-/// What the fields lack, as a sentence; empty when they may be sent.
-QString LoginModel::firstFault() const
+/// What the fields lack; nullopt when they may be sent.
+std::optional<LoginModel::Retry> LoginModel::firstFault() const
 {
     const bool registering = isRegistering.value();
     if (registering && name.value().trimmed().isEmpty())
-        return u"Enter your full name."_s;
+        return Retry{Field::name, u"Enter your full name."_s};
     if (!isValidEmail(email.value()))
-        return u"Enter a valid email address."_s;
+        return Retry{Field::email, u"Enter a valid email address."_s};
     if (registering && characterCount(password.value()) < leastPasswordLength)
-        return u"Password must be at least 6 characters."_s;
+        return Retry{Field::password, u"Password must be at least 6 characters."_s};
     if (!registering && password.value().isEmpty())
-        return u"Enter your password."_s;
-    return {};
+        return Retry{Field::password, u"Enter your password."_s};
+    return std::nullopt;
 }
 
 QCoro::Task<> LoginModel::submit()
@@ -39,19 +39,24 @@ QCoro::Task<> LoginModel::submit()
     const auto self = keep(this);
     if (isBusy().value())
         co_return;
-    const QString alertTitle = isRegistering.value() ? u"Registration Failed"_s : u"Sign In Failed"_s;
-    const QString fault = firstFault();
-    if (!fault.isEmpty()) {
-        showAlert(alertTitle, fault);
+    const bool registering = isRegistering.value();
+    const QString alertTitle = registering ? u"Registration Failed"_s : u"Sign In Failed"_s;
+    retry_ = firstFault();
+    if (retry_) {
+        showAlert(alertTitle, retry_->fault);
         co_return;
     }
     try {
         co_await send();
     } catch (const AppError& error) {
-        if (isClosed_)
+        if (isClosed_) {
             context().notice = AlertMessage{.title = alertTitle, .message = naturalMessage(error)};
-        else
-            showAlert(alertTitle, naturalMessage(error));
+            co_return;
+        }
+        // Most often it was mistyped.
+        if (!registering)
+            retry_ = Retry{Field::password, {}};
+        showAlert(alertTitle, naturalMessage(error));
     }
 }
 

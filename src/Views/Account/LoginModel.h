@@ -13,6 +13,19 @@ public:
         : ScreenModel(context), title(sectionTitle), systemImage(sectionImage)
     { }
 
+    enum class Field
+    {
+        name,
+        email,
+        password
+    };
+    /// Where to go on after an alert.
+    struct Retry
+    {
+        Field field;
+        QString fault; ///< what the field lacks; empty when only the server knows what was wrong
+    };
+
     const QString title; ///< of the section that asked
     const QString systemImage; ///< of the section that asked
 
@@ -30,10 +43,13 @@ public:
     QCoro::Task<> submit();
     /// The screen is gone. How a sign-in ends that is under way is told by the window.
     void close() { isClosed_ = true; }
+    /// What the alert on screen asks the person to do over, if anything. Only the first to ask gets it.
+    std::optional<Retry> takeRetry() { return std::exchange(retry_, std::nullopt); }
 
 private:
-    QString firstFault() const;
+    std::optional<Retry> firstFault() const;
     QCoro::Task<> send();
 
     bool isClosed_ = false;
+    std::optional<Retry> retry_;
 };

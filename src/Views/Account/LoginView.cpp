@@ -9,15 +9,20 @@
 #include "Components/ScrollPage.h"
 #include "Components/SecureField.h"
 #include "Components/SegmentedControl.h"
+#include "Components/StackingRow.h"
+#include "FaultMark.h"
+#include "FocusRing.h"
 #include "Launch.h"
 #include "Layouts.h"
 #include "Palette.h"
 #include "PaneKeys.h"
 #include "Spacing.h"
 
-#include <QGridLayout>
+#include <QApplication>
 #include <QPainter>
 #include <QStyle>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -29,6 +34,10 @@ constexpr int welcomeMost = 520;
 constexpr int formWidest = 400;
 constexpr int formMargin = 28;
 constexpr int formMarginCompact = 24;
+/// Width of the form from which two fields stand in a row.
+constexpr int pairFrom = 300;
+/// Width from which there is room to say more in welcome than the program's name.
+constexpr int fullWelcomeFrom = 640;
 
 const QString signInMode = u"signIn"_s;
 const QString registerMode = u"register"_s;
@@ -41,7 +50,7 @@ LoginView::LoginView(std::shared_ptr<LoginModel> model, QWidget* parent)
     auto* columns = Layouts::row(0, {welcome_, form_});
     columns->setStretch(1, 1);
     setLayout(columns);
-    presentAlerts(this, model_->alert, [model = model_] { model->dismissAlert(); });
+    presentAlerts(this, model_->alert, [this] { closeAlert(); });
 }
 
 LoginView::~LoginView()
@@ -67,7 +76,7 @@ QWidget* LoginView::makeForm()
         new PlainLabel(u"Your account determines which workspace appears, including client, business, "
                        "notary, or admin access."_s,
             Type::body, Brand::steel));
-    column->addSpacing(20);
+    column->addSpacing(24);
     column->addWidget(makeFields());
     column->addSpacing(24);
     column->addWidget(makeSubmit());
@@ -97,7 +106,7 @@ QWidget* LoginView::makeModeSwitch()
     auto* control = new SegmentedControl(u"Mode"_s, modes);
     followMode([control](bool registering) { control->setValue(registering ? registerMode : signInMode); });
     connect(control, &SegmentedControl::valueChanged, this,
-        [this](const QString& mode) { model_->isRegistering = mode == registerMode; });
+        [this](const QString& mode) { chooseMode(mode == registerMode); });
     return control;
 }
 
@@ -124,24 +133,29 @@ QWidget* LoginView::makeFields()
         connect(field, &TextField::returnPressed, this, &LoginView::submit);
         return field;
     };
-    auto* registration = new QGridLayout;
+    const auto pair = [](TextField* first, TextField* second) {
+        auto* row = new StackingRow(Spacing::fieldsAcross, Spacing::fieldsDown);
+        row->setStackedBelow(pairFrom);
+        row->add(first, 1);
+        row->add(second, 1);
+        return row;
+    };
+    name_ = bound(new TextField(u"Full Name"_s, u"Jordan Ellis"_s), model_->name);
+    auto* phone = bound(new TextField(u"Phone"_s, u"(555) 010-0199"_s), model_->phone);
+    auto* city = bound(new TextField(u"City"_s, u"Springfield"_s), model_->city);
+    auto* state = bound(new TextField(u"State"_s, u"New York"_s), model_->state);
+    auto* registration = Layouts::column(Spacing::fieldsDown, {pair(name_, phone), pair(city, state)});
     registration->setContentsMargins(0, 0, 0, Spacing::fieldsDown);
-    registration->setHorizontalSpacing(Spacing::fieldsAcross);
-    registration->setVerticalSpacing(Spacing::fieldsDown);
-    registration->addWidget(bound(new TextField(u"Full Name"_s, u"Jordan Ellis"_s), model_->name), 0, 0);
-    registration->addWidget(bound(new TextField(u"Phone"_s, u"(555) 010-0199"_s), model_->phone), 0, 1);
-    registration->addWidget(bound(new TextField(u"City"_s, u"Springfield"_s), model_->city), 1, 0);
-    registration->addWidget(bound(new TextField(u"State"_s, u"New York"_s), model_->state), 1, 1);
     auto* registrationFields = Layouts::holding(registration);
     followMode([registrationFields](bool registering) { registrationFields->setVisible(registering); });
 
-    auto* email = bound(new TextField(u"Email"_s, u"name@example.com"_s), model_->email);
-    auto* password = bound(new SecureField(u"Password"_s, u"Password"_s), model_->password);
-    PaneKeys::setEntry(this, email);
+    email_ = bound(new TextField(u"Email"_s, u"name@example.com"_s), model_->email);
+    password_ = bound(new SecureField(u"Password"_s, u"Password"_s), model_->password);
+    followMode([this](bool) { PaneKeys::setEntry(this, firstField()); });
 
-    auto* column = Layouts::column(0, {registrationFields, email});
+    auto* column = Layouts::column(0, {registrationFields, email_});
     column->addSpacing(Spacing::fieldsDown);
-    column->addWidget(password);
+    column->addWidget(password_);
     return Layouts::holding(column);
 }
 
@@ -157,9 +171,45 @@ QWidget* LoginView::makeSubmit()
     return button;
 }
 
+TextField* LoginView::firstField() const
+{
+    return model_->isRegistering.value() ? name_ : email_;
+}
+
+/// Filling in goes on where it begins in that mode, unless the person is choosing with the arrow keys.
+void LoginView::chooseMode(bool registering)
+{
+    model_->isRegistering = registering;
+    const QWidget* segment = QApplication::focusWidget();
+    if (segment && FocusRing::passedOnFrom(segment) == Qt::MouseFocusReason)
+        firstField()->setFocus(Qt::OtherFocusReason);
+}
+
 void LoginView::submit()
 {
     launch(model_->submit());
+}
+
+void LoginView::closeAlert()
+{
+    model_->dismissAlert();
+    const std::optional<LoginModel::Retry> retry = model_->takeRetry();
+    if (!retry)
+        return;
+    switch (retry->field) {
+    case LoginModel::Field::name:
+        return FaultMark::leadTo(name_, retry->fault);
+    case LoginModel::Field::email:
+        return FaultMark::leadTo(email_, retry->fault);
+    case LoginModel::Field::password:
+        return FaultMark::leadTo(password_, retry->fault);
+    }
+}
+
+void LoginView::showEvent(QShowEvent*)
+{
+    if (!std::exchange(wasShown_, true))
+        firstField()->setFocus(Qt::OtherFocusReason);
 }
 
 void LoginView::paintEvent(QPaintEvent*)
@@ -174,7 +224,9 @@ void LoginView::resizeEvent(QResizeEvent*)
     const int margin = compact ? formMarginCompact : formMargin;
     form_->widget()->setContentsMargins(margin, margin, margin, margin);
     const int welcomeWidth = std::clamp(qRound(width() * welcomeShare), welcomeLeast, welcomeMost);
-    welcome_->setCompact(compact);
+    welcome_->setLength(width() < Type::scaled(fullWelcomeFrom) ? WelcomePanel::Length::brief
+            : compact                                           ? WelcomePanel::Length::compact
+                                                                : WelcomePanel::Length::full);
     welcome_->setFixedWidth(welcomeWidth);
     // Under large text the form comes first.
     welcome_->setVisible(width() - welcomeWidth >= form_->widget()->minimumSizeHint().width());

@@ -49,13 +49,19 @@ Field* field(const QString& caption, QProperty<QString>& property)
     return made;
 }
 
-/// Fields of equal width beside one another, below one another where large text needs the width.
-QWidget* row(std::initializer_list<QWidget*> fields)
+struct Share
+{
+    QWidget* field;
+    int width; ///< in relation to that of the others
+};
+
+/// Fields beside one another, below one another where large text needs the width.
+QWidget* row(std::initializer_list<Share> fields)
 {
     auto* row = new StackingRow(Spacing::fieldsAcross, Spacing::fieldsDown);
     row->setStackedBelow(int(fields.size()) * narrowestField);
-    for (QWidget* each : fields)
-        row->add(each, 1);
+    for (const auto& [field, width] : fields)
+        row->add(field, width);
     return row;
 }
 
@@ -131,7 +137,7 @@ Card* SettingsCards::account(SettingsContentModel& model)
     });
     auto* line = Layouts::row(betweenLines, {chip});
     line->addLayout(
-        Layouts::column(0, {new PlainLabel(u"Active Role"_s, Type::small, Brand::steel), role}), 1);
+        Layouts::column(0, {new PlainLabel(u"Active Role"_s, Type::caption, Brand::steel), role}), 1);
     Card* card = titled(u"Account"_s, u"Active workspace"_s);
     card->add(line, betweenParts);
     return card;
@@ -151,20 +157,20 @@ Card* SettingsCards::profile(SettingsContentModel& model)
         u"Profile"_s, u"This information is used for booking, session updates, and account records."_s);
     card->add(name, betweenParts);
     card->add(email, Spacing::fieldsDown);
-    card->add(row({phone, city, state}), Spacing::fieldsDown);
+    card->add(row({{phone, 4}, {city, 5}, {state, 3}}), Spacing::fieldsDown);
     addSubmit(card, save, [&model] { launch(model.saveProfile()); }, {name, email, phone, city, state});
     return card;
 }
 
-Card* SettingsCards::password(SettingsContentModel& model)
+Card* SettingsCards::password(SettingsContentModel& model, TextField*& chosen)
 {
     auto* current = field<SecureField>(u"Current Password"_s, model.currentPassword);
-    auto* chosen = field<SecureField>(u"New Password"_s, model.newPassword);
+    chosen = field<SecureField>(u"New Password"_s, model.newPassword);
     auto* change = new SecondaryButton(u"Change Password"_s, u"key.fill"_s);
     showWork(change, model, Work::password);
 
     Card* card = titled(u"Password"_s, u"Choose a strong password you do not use anywhere else."_s);
-    card->add(row({current, chosen}), betweenParts);
+    card->add(row({{current, 1}, {chosen, 1}}), betweenParts);
     addSubmit(card, change, [&model] { launch(model.changePassword()); }, {current, chosen});
     return card;
 }

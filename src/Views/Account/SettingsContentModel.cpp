@@ -137,7 +137,8 @@ QCoro::Task<> SettingsContentModel::changePassword()
     if (!signedInUser() || work.value() != Work::none)
         co_return;
     if (newPassword.value().trimmed().isEmpty()) {
-        showAlert(u"Missing Password"_s, u"Enter a new password."_s);
+        passwordFault_ = u"Enter a new password."_s;
+        showAlert(u"Missing Password"_s, passwordFault_);
         co_return;
     }
     Change change;

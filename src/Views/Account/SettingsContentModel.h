@@ -50,6 +50,9 @@ public:
     /// with emptiness.
     QCoro::Task<> saveProfile();
     QCoro::Task<> changePassword();
+    /// What is wrong with the new password, when the alert on screen is about that; empty else. Only the
+    /// first to ask is told.
+    QString takePasswordFault() { return std::exchange(passwordFault_, {}); }
     void setLaunchAtLogin(bool enabled);
 
     /// Signs out once the person agrees to lose what is not saved.
@@ -67,6 +70,7 @@ private:
     QCoro::Task<JSONObject> sendProfile(APIClient client, QString idToken);
 
     Turns loads_;
+    QString passwordFault_;
     bool isLoaded_ = false;
     QPropertyNotifier onUser_;
 };

@@ -8,6 +8,8 @@
 #include "Components/PlainLabel.h"
 #include "Components/PrimaryButton.h"
 #include "Components/SecondaryButton.h"
+#include "Components/TextField.h"
+#include "FaultMark.h"
 #include "Layouts.h"
 #include "Page.h"
 #include "PaneKeys.h"
@@ -27,7 +29,12 @@ SettingsContentView::SettingsContentView(std::shared_ptr<SettingsContentModel> m
     addWidget(makeSignedIn());
     follow(this, model_->context().auth.user,
         [this](const std::optional<AuthUser>& user) { showUser(user.has_value()); });
-    presentAlerts(this, model_->alert, [model = model_] { model->dismissAlert(); });
+    presentAlerts(this, model_->alert, [this] {
+        model_->dismissAlert();
+        const QString fault = model_->takePasswordFault();
+        if (!fault.isEmpty())
+            FaultMark::leadTo(newPassword_, fault);
+    });
     const std::weak_ptr<SettingsContentModel> weak = model_;
     model_->context().leaving.watch(this, [weak] {
         const std::shared_ptr<SettingsContentModel> watched = weak.lock();
@@ -70,7 +77,8 @@ QWidget* SettingsContentView::makeSignedIn()
     Card* profile = SettingsCards::profile(*model_);
     // Not on the button that signs out.
     PaneKeys::setEntry(this, profile);
-    const QList<Card*> person{SettingsCards::account(*model_), profile, SettingsCards::password(*model_)};
+    const QList<Card*> person{
+        SettingsCards::account(*model_), profile, SettingsCards::password(*model_, newPassword_)};
     const QList<Card*> program{SettingsCards::preferences(*model_), SettingsCards::about(*model_)};
     auto* columns = new QBoxLayout(QBoxLayout::TopToBottom);
     auto* page = new Page(widest);
@@ -108,6 +116,7 @@ QWidget* SettingsContentView::makeHeader()
                 new PlainLabel(u"Keep your desktop profile, password, and active workspace up to date."_s,
                     Type::body, Brand::steel)}),
         1);
-    row->addWidget(signOut, 0, Qt::AlignVCenter);
+    // Beside lines that large text makes many, its place is with the first of them.
+    row->addWidget(signOut, 0, Type::factor() > 1 ? Qt::AlignTop : Qt::AlignVCenter);
     return Layouts::holding(row);
 }

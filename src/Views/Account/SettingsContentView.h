@@ -23,4 +23,5 @@ private:
     QWidget* makeHeader();
 
     std::shared_ptr<SettingsContentModel> model_;
+    class TextField* newPassword_ = nullptr;
 };

@@ -37,7 +37,7 @@ FeatureLine* feature(const QString& symbol, const QString& title, const QString&
     return new FeatureLine(symbol, title, text, FeatureLine::Background::dark);
 }
 
-QWidget* makeContent(const Room& room)
+QWidget* makeContent(const Room& room, bool isBrief)
 {
     auto* column = Layouts::column(0);
     column->setContentsMargins(room.across, room.down, room.across, room.down);
@@ -46,6 +46,10 @@ QWidget* makeContent(const Room& room)
     column->addSpacing(room.underEmblem);
     column->addWidget(new PlainLabel(u"Quorvel"_s, Type::display, Brand::onDarkTitle));
     column->addWidget(new PlainLabel(u"Remote notary desktop workspace"_s, tagline, Brand::onDarkText));
+    if (isBrief) {
+        column->addStretch();
+        return Layouts::holding(column);
+    }
     column->addSpacing(12);
     column->addWidget(
         new PlainLabel(u"Book remote notarizations, track sessions, message your notary team, and "
@@ -69,13 +73,13 @@ QWidget* makeContent(const Room& room)
 
 } // namespace
 
-WelcomePanel::WelcomePanel(QWidget* parent) : ScrollPage(makeContent(roomy), parent) { }
+WelcomePanel::WelcomePanel(QWidget* parent) : ScrollPage(makeContent(roomy, false), parent) { }
 
-void WelcomePanel::setCompact(bool compact)
+void WelcomePanel::setLength(Length length)
 {
-    if (compact == std::exchange(compact_, compact))
+    if (length == std::exchange(length_, length))
         return;
-    setWidget(makeContent(compact ? tight : roomy));
+    setWidget(makeContent(length == Length::full ? roomy : tight, length == Length::brief));
     widget()->setAutoFillBackground(false);
 }
 

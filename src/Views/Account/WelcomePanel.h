@@ -11,12 +11,17 @@ class WelcomePanel : public ScrollPage
 public:
     explicit WelcomePanel(QWidget* parent = nullptr);
 
-    /// Less room around and between its parts.
-    void setCompact(bool compact);
+    enum class Length
+    {
+        full,
+        compact, ///< less room around and between the parts
+        brief, ///< the program's name alone
+    };
+    void setLength(Length length);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    bool compact_ = false;
+    Length length_ = Length::full;
 };

@@ -1,6 +1,5 @@
 #include "Booking/BookRemoteNotaryModel.h"
 
-#include "AppError.h"
 #include "EmailAddress.h"
 #include "Screen/NewYorkTime.h"
 
@@ -145,6 +144,7 @@ void BookRemoteNotaryModel::resetForm()
     notes = QString();
     isSubmitting = false;
     alert = std::nullopt;
+    fault_.reset();
     loadedProfile_ = false;
     isDropTarget = false;
     uploadProgressText = QString();
@@ -161,18 +161,19 @@ void BookRemoteNotaryModel::validate() const
 {
     constexpr qint64 toleratedSecondsPast = 60;
     if (contactName.value().trimmed().isEmpty())
-        throw AppError(u"Enter the contact name."_s);
+        throw Fault(Field::contactName, u"Enter the contact name."_s);
     if (!isValidEmail(contactEmail.value()))
-        throw AppError(u"Enter a valid contact email."_s);
+        throw Fault(Field::contactEmail, u"Enter a valid contact email."_s);
     if (!asap.value() && scheduledDate.value() < context().now().addSecs(-toleratedSecondsPast))
-        throw AppError(u"Choose a future date and time."_s);
+        throw Fault(Field::scheduledDate, u"Choose a future date and time."_s);
     if (details.value().trimmed().isEmpty())
-        throw AppError(u"Describe what needs to be notarized."_s);
-    for (const SignerDraft& signer : signers_) {
+        throw Fault(Field::details, u"Describe what needs to be notarized."_s);
+    for (qsizetype index = 0; index < signers_.size(); ++index) {
+        const SignerDraft& signer = signers_.at(index);
         if (signer.name.trimmed().isEmpty())
-            throw AppError(u"Enter each signer name."_s);
+            throw Fault(Field::signerName, u"Enter each signer name."_s, index);
         if (signer.idType.trimmed().isEmpty())
-            throw AppError(u"Select each signer ID type."_s);
+            throw Fault(Field::signerIdType, u"Select each signer ID type."_s, index);
     }
 }
 

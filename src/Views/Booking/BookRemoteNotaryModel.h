@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AppError.h"
 #include "SignerDraft.h"
 #include "Uploads/UploadsModel.h"
 
@@ -25,6 +26,27 @@ public:
     static const QList<BillingOption>& billingOptions();
     static const QList<QString>& documentTypes();
     static const QList<QString>& idTypeOptions();
+
+    enum class Field
+    {
+        contactName,
+        contactEmail,
+        scheduledDate,
+        details,
+        signerName,
+        signerIdType
+    };
+    /// Why the form cannot be submitted, and which field says so.
+    class Fault : public AppError
+    {
+    public:
+        Fault(Field where, const QString& sentence, qsizetype whose = 0)
+            : AppError(sentence), field(where), signer(whose)
+        { }
+
+        Field field;
+        qsizetype signer; ///< whose field it is, where it is a signer's
+    };
 
     QProperty<QString> contactName;
     QProperty<QString> contactEmail;
@@ -67,8 +89,11 @@ public:
 
     /// Fills the contact and the first signer from the signed-in user, once in the life of the form.
     QCoro::Task<> prefill();
-    /// \throws AppError with the first fault of the fields
+    /// \throws Fault, the first of the fields
     void validate() const;
+    /// The fault that the alert on screen tells of, so that the person can be led to its field. Only the
+    /// first to ask gets it.
+    std::optional<Fault> takeFault() { return std::exchange(fault_, std::nullopt); }
     /// Every field back to its default, the attached files forgotten.
     void resetForm();
     /// Checks the form, books the session, and sends the attached files into it. Does nothing while a
@@ -108,6 +133,7 @@ private:
     QCoro::Task<> uploadBookingFiles(std::shared_ptr<Booked> booked, Turn turn, QString token);
 
     QList<SignerDraft> signers_;
+    std::optional<Fault> fault_;
     bool loadedProfile_ = false;
     bool isSessionEnding_ = false; ///< looking for a session has shown that the person is signed in no more
     /// The session of a submission that failed while its files were sent. Submitting the same form again goes

@@ -14,7 +14,8 @@ QCoro::Task<> BookRemoteNotaryModel::submit()
     try {
         if (!isBooked())
             validate();
-    } catch (const AppError& fault) {
+    } catch (const Fault& fault) {
+        fault_ = fault;
         showAlert(u"Missing Information"_s, fault.message());
         co_return;
     }

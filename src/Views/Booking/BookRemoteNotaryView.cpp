@@ -9,9 +9,9 @@
 #include "FileChooser.h"
 #include "Launch.h"
 #include "Page.h"
+#include "PaneKeys.h"
 #include "Spacing.h"
 
-#include <QApplication>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -63,15 +63,15 @@ void BookRemoteNotaryView::showFormOrSuccess()
     const std::optional<QString> message = model_->successMessage.value();
     if (message)
         success_->setMessage(*message);
-    const bool hadFocus = page_->isAncestorOf(QApplication::focusWidget());
+    const std::optional<Qt::FocusReason> focus = PaneKeys::focusWithin(page_);
     form_->setVisible(!message);
     success_->setVisible(message.has_value());
     if (!isVisible())
         return;
     page_->verticalScrollBar()->setValue(0);
-    if (hadFocus && message)
-        success_->focusFirstAction();
-    else if (hadFocus)
+    if (focus && message)
+        success_->focusFirstAction(*focus);
+    else if (focus)
         form_->focusFirstField();
 }
 
@@ -81,7 +81,11 @@ void BookRemoteNotaryView::showEvent(QShowEvent* event)
     if (std::exchange(wasShown_, true))
         return;
     // Only now is the window known that an alert goes over.
-    presentAlerts(this, model_->alert, [model = model_] { model->dismissAlert(); });
+    presentAlerts(this, model_->alert, [this] {
+        model_->dismissAlert();
+        if (const std::optional<BookRemoteNotaryModel::Fault> fault = model_->takeFault())
+            form_->leadTo(*fault);
+    });
     launch(model_->prefill());
 }
 

@@ -1,14 +1,16 @@
 #include "Booking/BookingForm.h"
 
 #include "Bindings.h"
-#include "Booking/BookRemoteNotaryModel.h"
-#include "Booking/BookingSections.h"
 #include "Booking/FeePanel.h"
 #include "Booking/ScheduleSection.h"
+#include "Booking/SignerBlock.h"
 #include "Booking/SignersSection.h"
 #include "Booking/UploadSection.h"
+#include "Components/ComboBox.h"
 #include "Components/PlainLabel.h"
 #include "Components/PrimaryButton.h"
+#include "Components/TextField.h"
+#include "FaultMark.h"
 #include "Launch.h"
 #include "Layouts.h"
 #include "Spacing.h"
@@ -39,18 +41,21 @@ BookingForm::BookingForm(BookRemoteNotaryModel& model, QScrollArea& page, QWidge
 /// In the order in which Tab goes through them.
 void BookingForm::addSections()
 {
-    addSection(BookingSections::contact(model_));
+    addSection(BookingSections::contact(model_, fields_));
     addSection(BookingSections::billing(model_));
-    addSection(new ScheduleSection(model_));
+    auto* schedule = new ScheduleSection(model_);
+    fields_[BookRemoteNotaryModel::Field::scheduledDate] = schedule->picker();
+    addSection(schedule);
     placeOfFee_ = column_->count();
     fee_ = new FeePanel(model_, this);
-    addSection(BookingSections::document(model_));
-    addSection(new SignersSection(model_));
+    addSection(BookingSections::document(model_, fields_));
+    signers_ = new SignersSection(model_);
+    addSection(signers_);
     addSection(BookingSections::extras(model_));
-    auto* uploads = new UploadSection(model_, page_);
-    connect(uploads, &UploadSection::filesWanted, this, &BookingForm::filesWanted);
-    connect(uploads, &UploadSection::filesDropped, this, &BookingForm::filesDropped);
-    addSection(uploads);
+    uploads_ = new UploadSection(model_, page_);
+    connect(uploads_, &UploadSection::filesWanted, this, &BookingForm::filesWanted);
+    connect(uploads_, &UploadSection::filesDropped, this, &BookingForm::filesDropped);
+    addSection(uploads_);
 }
 
 void BookingForm::addSection(Surface* section)
@@ -65,13 +70,27 @@ void BookingForm::addSubmission()
     submit->setButtonSize(Button::Size::large);
     submit->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     connect(submit, &Button::clicked, this, [this] { launch(model_.submit()); });
-    follow(submit, model_.isSubmitting, [submit](bool submitting) { submit->setLoading(submitting); });
+    follow(submit, model_.isSubmitting, [this, submit](bool submitting) {
+        submit->setLoading(submitting);
+        setLocked(submitting);
+    });
 
     auto* note = new PlainLabel(u"We will review the request and update the session status as it moves "
                                 "through the remote notary workflow."_s,
         Type::small, Brand::steel);
     note->setAlignment(Qt::AlignHCenter);
     column_->addLayout(Layouts::column(12, {submit, note}));
+}
+
+/// What is on its way is shown and cannot be edited any more.
+void BookingForm::setLocked(bool locked)
+{
+    for (Surface* section : std::as_const(sections_)) {
+        if (section != uploads_)
+            section->setEnabled(!locked);
+    }
+    uploads_->setLocked(locked);
+    fee_->setLocked(locked);
 }
 
 void BookingForm::arrange(int pageWidth)
@@ -117,6 +136,23 @@ void BookingForm::placeFee()
     const int top = std::clamp(pageTop, 0, std::max(0, this->height() - height));
     const QRect place(width() - rail_, top, rail_, height);
     fee_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
+}
+
+QWidget* BookingForm::fieldOf(const BookRemoteNotaryModel::Fault& fault) const
+{
+    switch (fault.field) {
+    case BookRemoteNotaryModel::Field::signerName:
+        return signers_->block(fault.signer)->nameField();
+    case BookRemoteNotaryModel::Field::signerIdType:
+        return signers_->block(fault.signer)->idTypePicker();
+    default:
+        return fields_.value(fault.field);
+    }
+}
+
+void BookingForm::leadTo(const BookRemoteNotaryModel::Fault& fault)
+{
+    FaultMark::leadTo(fieldOf(fault), fault.message());
 }
 
 void BookingForm::focusFirstField()

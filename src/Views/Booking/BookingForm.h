@@ -1,14 +1,17 @@
 #pragma once
 
+#include "Booking/BookingSections.h"
+
 #include <QList>
 #include <QUrl>
 #include <QWidget>
 
-class BookRemoteNotaryModel;
 class FeePanel;
 class QScrollArea;
 class QVBoxLayout;
+class SignersSection;
 class Surface;
+class UploadSection;
 
 /// The request form: its sections in a column, and beside them the fee and the number of signatures, which
 /// stay in view while the column scrolls. On a narrow page these stand among the sections.
@@ -27,6 +30,8 @@ public:
     /// On the page as last arranged for.
     int widestNow() const;
     void focusFirstField();
+    /// Leads the person to the field of a fault.
+    void leadTo(const BookRemoteNotaryModel::Fault& fault);
 
 signals:
     void filesWanted();
@@ -40,11 +45,16 @@ private:
     void addSection(Surface* section);
     void addSubmission();
     void placeFee();
+    void setLocked(bool locked);
+    QWidget* fieldOf(const BookRemoteNotaryModel::Fault& fault) const;
 
     BookRemoteNotaryModel& model_;
     QScrollArea& page_;
     QVBoxLayout* column_;
     QList<Surface*> sections_;
+    BookingSections::Fields fields_; ///< other than those of the signers
+    SignersSection* signers_ = nullptr;
+    UploadSection* uploads_ = nullptr;
     FeePanel* fee_ = nullptr;
     int placeOfFee_ = 0; ///< in the column
     int rail_ = 0; ///< width of what stands beside the column, in pixels; 0 on a narrow page

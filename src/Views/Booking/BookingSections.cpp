@@ -2,7 +2,6 @@
 
 #include "Accessibility.h"
 #include "Bindings.h"
-#include "Booking/BookRemoteNotaryModel.h"
 #include "Booking/FieldRows.h"
 #include "Components/Card.h"
 #include "Components/ComboBox.h"
@@ -20,7 +19,7 @@ static constexpr int detailsHeight = 108;
 static constexpr int notesHeight = 72;
 static constexpr int betweenOptions = 8;
 
-Card* BookingSections::contact(BookRemoteNotaryModel& model)
+Card* BookingSections::contact(BookRemoteNotaryModel& model, Fields& fields)
 {
     auto* title = new SectionTitle({}, u"Use the primary signer or client contact for scheduling updates."_s);
     auto* name = FieldRows::name();
@@ -29,6 +28,8 @@ Card* BookingSections::contact(BookRemoteNotaryModel& model)
     auto* card = new Card({title, name});
     card->add(FieldRows::threeToTwo(email, phone), Spacing::fieldsDown);
 
+    fields[BookRemoteNotaryModel::Field::contactName] = name;
+    fields[BookRemoteNotaryModel::Field::contactEmail] = email;
     card->setFocusProxy(name);
     Accessibility::setRole(card, QAccessible::Grouping);
     const auto showHeading = [card, title, &model] {
@@ -70,12 +71,13 @@ Card* BookingSections::billing(BookRemoteNotaryModel& model)
     return new Card({new SectionTitle(heading), group});
 }
 
-Card* BookingSections::document(BookRemoteNotaryModel& model)
+Card* BookingSections::document(BookRemoteNotaryModel& model, Fields& fields)
 {
     auto* type = new ComboBox(FieldRows::options(BookRemoteNotaryModel::documentTypes()));
     auto* details = new TextEditor(u"What needs to be notarized?"_s, {}, detailsHeight);
     bind(type, model.documentType);
     bind(details, model.details);
+    fields[BookRemoteNotaryModel::Field::details] = details;
     return new Card({new SectionTitle(u"Document Details"_s,
                          u"Tell us what needs to be notarized before the session is reviewed."_s),
         new LabeledField(u"Document Type"_s, type), details});

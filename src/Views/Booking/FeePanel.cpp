@@ -48,7 +48,8 @@ FeePanel::FeePanel(BookRemoteNotaryModel& model, QWidget* parent)
     parts_->setContentsMargins(edge, edge, edge, edge);
     parts_->setSpacing(0);
     parts_->addWidget(fee_, 1);
-    parts_->addWidget(makeCount(model), 1);
+    count_ = makeCount(model);
+    parts_->addWidget(count_, 1);
 }
 
 QWidget* FeePanel::makeCount(BookRemoteNotaryModel& model)
@@ -76,6 +77,11 @@ QWidget* FeePanel::makeCount(BookRemoteNotaryModel& model)
     rows->addWidget(unknown, 0, Qt::AlignLeading);
     rows->addStretch();
     return Layouts::holding(rows);
+}
+
+void FeePanel::setLocked(bool locked)
+{
+    count_->setEnabled(!locked);
 }
 
 void FeePanel::setAcross(bool across)

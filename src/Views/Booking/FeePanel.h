@@ -16,6 +16,8 @@ public:
 
     /// Whether fee and signatures stand side by side instead of one above the other.
     void setAcross(bool across);
+    /// While locked, the number of signatures cannot be changed.
+    void setLocked(bool locked);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -25,5 +27,6 @@ private:
     QRect feeArea() const;
 
     CompactStatCard* fee_;
+    QWidget* count_ = nullptr;
     QBoxLayout* parts_;
 };

@@ -6,7 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-static constexpr int besideFrom = 270;
+static constexpr int besideFrom = 320;
 
 TextField* FieldRows::name()
 {

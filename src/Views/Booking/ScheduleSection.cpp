@@ -88,6 +88,7 @@ QWidget* ScheduleSection::makeAppointment(BookRemoteNotaryModel& model)
     auto* picker = new AppointmentPicker(model);
     picker->setAccessibleName(u"Preferred Date & Time"_s);
     picker->setFixedWidth(Type::scaled(pickerWidth));
+    picker_ = picker;
 
     auto* newYork = new PlainLabel({}, Type::small, Brand::steel);
     auto* blocked = new PlainLabel(u"Past dates and times are blocked."_s, Type::small, Brand::steel);

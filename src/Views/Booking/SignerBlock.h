@@ -21,6 +21,8 @@ public:
     void showSigner();
     /// In the order in which Tab goes through them.
     QList<QWidget*> fields() const { return fields_; }
+    TextField* nameField() const { return name_; }
+    ComboBox* idTypePicker() const { return idType_; }
 
 private:
     void edit(const std::function<void(SignerDraft&)>& change);

@@ -14,6 +14,9 @@ class SignersSection : public Card
 public:
     explicit SignersSection(BookRemoteNotaryModel& model);
 
+    /// \param index  of a signer in the model
+    SignerBlock* block(qsizetype index) const { return blocks_.at(index); }
+
 private:
     void showSigners();
     void appendBlock();

@@ -41,7 +41,7 @@ void SuccessCard::setMessage(const QString& message)
     message_->setText(message);
 }
 
-void SuccessCard::focusFirstAction()
+void SuccessCard::focusFirstAction(Qt::FocusReason reason)
 {
-    viewSessions_->setFocus(Qt::OtherFocusReason);
+    viewSessions_->setFocus(reason);
 }

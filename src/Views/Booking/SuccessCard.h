@@ -14,7 +14,7 @@ public:
     explicit SuccessCard(QWidget* parent = nullptr);
 
     void setMessage(const QString& message);
-    void focusFirstAction();
+    void focusFirstAction(Qt::FocusReason reason);
 
 signals:
     void sessionsWanted();

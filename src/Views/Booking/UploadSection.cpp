@@ -14,12 +14,21 @@ using namespace Qt::StringLiterals;
 UploadSection::UploadSection(BookRemoteNotaryModel& model, QScrollArea& page)
 {
     auto* choose = new SecondaryButton(u"Choose Files"_s, u"plus.circle.fill"_s);
-    add(new SectionTitle(u"Upload Documents"_s,
-        u"Add files now and they will upload automatically into the session after the booking is created."_s));
-    add(makeDropArea(model, choose));
-    add(new PendingUploads(model, u"Attached to Booking"_s, PendingFileList::Detail::hidden, page, *choose));
+    editable_ = {new SectionTitle(u"Upload Documents"_s,
+                     u"Add files now and they will upload automatically into the session after the booking "
+                     "is created."_s),
+        makeDropArea(model, choose),
+        new PendingUploads(model, u"Attached to Booking"_s, PendingFileList::Detail::hidden, page, *choose)};
+    for (QWidget* part : std::as_const(editable_))
+        add(part);
     add(new UploadProgress(model));
     content()->setSpacing(Spacing::fieldsDown);
+}
+
+void UploadSection::setLocked(bool locked)
+{
+    for (QWidget* part : std::as_const(editable_))
+        part->setEnabled(!locked);
 }
 
 QWidget* UploadSection::makeDropArea(BookRemoteNotaryModel& model, SecondaryButton* choose)

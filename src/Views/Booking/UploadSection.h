@@ -18,10 +18,15 @@ public:
     /// \param page  in which the section scrolls
     UploadSection(BookRemoteNotaryModel& model, QScrollArea& page);
 
+    /// While locked, nothing about the files can be changed; how far they have come is still told.
+    void setLocked(bool locked);
+
 signals:
     void filesWanted();
     void filesDropped(const QList<QUrl>& files);
 
 private:
     QWidget* makeDropArea(BookRemoteNotaryModel& model, SecondaryButton* choose);
+
+    QList<QWidget*> editable_;
 };

@@ -65,37 +65,36 @@ static qint64 sizeOf(const DesktopUploadDraft& draft)
     return QFileInfo(draft.url.toLocalFile()).size();
 }
 
-static double fraction(qint64 part, qint64 whole)
+/// How far the whole has come while a file is sent.
+/// \param place  of the file among all, from 0
+static double shareOf(qsizetype place, qsizetype count, qint64 sent, qint64 size)
 {
-    return whole > 0 ? std::min(1.0, double(part) / double(whole)) : 0.0;
+    const double ofFile = size > 0 ? std::min(1.0, double(sent) / double(size)) : 0.0;
+    return (double(place) + ofFile) / double(count);
 }
 
 QCoro::Task<> UploadsModel::sendUploads(qint64 sessionId, SentUploads sent, Turn turn, QString token)
 {
     const QList<DesktopUploadDraft> pending = pendingUploads_;
-    qint64 total = 0;
-    for (const DesktopUploadDraft& draft : pending)
-        total += sizeOf(draft);
-    qint64 done = 0;
     for (qsizetype k = 0; k < pending.size(); ++k) {
         // Looked up anew: the person may have edited the draft, or taken it off the list.
         const DesktopUploadDraft* found = findUpload(pending.at(k).id);
         if (!found)
             continue;
         const DesktopUploadDraft draft = *found;
-        const qint64 size = sizeOf(draft);
         if (!sent->contains(draft.id)) {
+            const qint64 size = sizeOf(draft);
             const QString text = u"Uploading %1 of %2: "_s.arg(k + 1).arg(pending.size()) + draft.fileName();
-            Request::Progress progress = [this, turn, text, done, size, total](qint64 bytes, qint64) {
-                showUploadProgress(turn, text, fraction(done + std::min(bytes, size), total));
-            };
+            Request::Progress progress
+                = [this, turn, text, k, count = pending.size(), size](qint64 bytes, qint64) {
+                      showUploadProgress(turn, text, shareOf(k, count, bytes, size));
+                  };
             progress(0, size);
             co_await sendUpload(draft, sessionId, progress, token);
             sent->append(draft.id);
             if (turn.isOver())
                 co_return;
         }
-        done += size;
     }
 }
 

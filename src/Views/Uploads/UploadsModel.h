@@ -14,7 +14,7 @@ public:
 
     QProperty<bool> isDropTarget{false};
     QProperty<QString> uploadProgressText;
-    /// Bytes sent of all files of an upload together, 0 to 1.
+    /// How far an upload has come, 0 to 1. Each file counts for the same, as in the words beside it.
     QProperty<double> uploadProgress{0};
 
     const QList<DesktopUploadDraft>& pendingUploads() const { return pendingUploads_; }
