@@ -1,7 +1,6 @@
 #include "BrandStyle.h"
 
 #include "Accessibility.h"
-#include "Components/RowList.h"
 #include "FaultMark.h"
 #include "MenuPainting.h"
 #include "Paint.h"
@@ -21,12 +20,15 @@
 #include <QStyleOption>
 #include <QToolTip>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int scrollBarExtent = 12;
 constexpr int scrollThumb = 6;
+constexpr int scrollThumbActive = 8;
 constexpr int shortestThumb = 32;
 
 QRect scrollThumbRect(const QStyleOptionSlider& bar)
@@ -44,27 +46,19 @@ QRect scrollThumbRect(const QStyleOptionSlider& bar)
                    : QRect(bar.rect.left() + start, bar.rect.top(), length, bar.rect.height());
 }
 
-/// The rows of a list reach nearer to its edge than what stands on a page.
-bool scrollsRows(const QWidget* bar)
-{
-    const QWidget* around = bar ? bar->parentWidget() : nullptr;
-    return around && qobject_cast<const RowList*>(around->parentWidget());
-}
-
-void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar, const QWidget* widget)
+/// Wider where the pointer is, so that it is easier to take hold of.
+void drawScrollBar(QPainter& painter, const QStyleOptionSlider& bar)
 {
     if (bar.minimum >= bar.maximum)
         return;
     QRectF thumb = scrollThumbRect(bar);
-    constexpr qreal margin = (scrollBarExtent - scrollThumb) / 2.0;
+    const bool active = bar.state & QStyle::State_Enabled
+        && (bar.state & QStyle::State_MouseOver || bar.activeSubControls & QStyle::SC_ScrollBarSlider);
+    const qreal width = active ? scrollThumbActive : scrollThumb;
+    const qreal margin = (scrollBarExtent - width) / 2;
     thumb = bar.orientation == Qt::Vertical ? thumb.adjusted(margin, 0, -margin, 0)
                                             : thumb.adjusted(0, margin, 0, -margin);
-    if (scrollsRows(widget))
-        thumb.translate(bar.direction == Qt::RightToLeft ? -margin : margin, 0);
-    const bool active
-        = bar.state & QStyle::State_MouseOver || bar.activeSubControls & QStyle::SC_ScrollBarSlider;
-    Paint::roundedRect(painter, thumb, scrollThumb / 2.0,
-        Palette::color(active && bar.state & QStyle::State_Enabled ? Brand::muted : Brand::fieldBorder));
+    Paint::roundedRect(painter, thumb, width / 2, Palette::color(active ? Brand::muted : Brand::fieldBorder));
 }
 
 QRect scrollBarPart(const QStyleOptionSlider& bar, QStyle::SubControl part)
@@ -91,6 +85,38 @@ QRect scrollBarPart(const QStyleOptionSlider& bar, QStyle::SubControl part)
         return after;
     default:
         return {};
+    }
+}
+
+/// Those of all styles in the scheme as it is.
+QList<QFont> fonts()
+{
+    QList<QFont> fonts;
+    for (const Type::Style& style : {Type::fee, Type::display, Type::title, Type::heading, Type::sub,
+             Type::body, Type::strong, Type::label, Type::small, Type::caption, Type::group})
+        fonts += Type::font(style);
+    return fonts;
+}
+
+bool areAlike(const QFont& a, const QFont& b)
+{
+    return a.families() == b.families() && a.weight() == b.weight() && a.pixelSize() == b.pixelSize();
+}
+
+/// Lets widgets that hold on to the font of a style hold on to the one that it has now. Whatever is painted
+/// asks anew by itself.
+void exchangeFonts(const QList<QFont>& before)
+{
+    const QList<QFont> after = fonts();
+    QApplication::setFont(Type::font(Type::body));
+    QToolTip::setFont(Type::font(Type::small));
+    const auto widgets = QApplication::allWidgets();
+    for (auto* widget : widgets) {
+        const auto held = std::ranges::find_if(
+            before, [widget](const QFont& font) { return areAlike(font, widget->font()); });
+        if (widget->testAttribute(Qt::WA_SetFont) && held != before.end())
+            widget->setFont(after.at(held - before.begin()));
+        widget->updateGeometry();
     }
 }
 
@@ -126,7 +152,9 @@ void BrandStyle::setDark(bool isDark)
 {
     if (isDark == Palette::isDark())
         return;
+    const QList<QFont> before = fonts();
     Palette::setDark(isDark);
+    exchangeFonts(before);
     recolour();
 }
 
@@ -280,7 +308,7 @@ void BrandStyle::drawComplexControl(
 {
     const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (control == CC_ScrollBar && slider)
-        drawScrollBar(*painter, *slider, widget);
+        drawScrollBar(*painter, *slider);
     else
         QProxyStyle::drawComplexControl(control, option, painter, widget);
 }

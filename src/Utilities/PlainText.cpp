@@ -97,6 +97,50 @@ void draw(QPainter& painter, const QRectF& box, const QString& text, const Type:
     painter.setLayoutDirection(direction);
 }
 
+int lines(const QString& text, const Type::Style& style, int width, int most)
+{
+    // No letter is wider than the type is high, and most texts are short.
+    if (text.size() * Type::scaled(style.pixels) <= width || PlainText::width(text, style) <= width)
+        return 1;
+    return qMin(most, Paragraph(singleLine(text), style, width).lineCount());
+}
+
+int evenWidth(const QString& text, const Type::Style& style, int width)
+{
+    // A long text is read, not looked at.
+    constexpr qsizetype longestEvened = 300;
+    if (text.size() > longestEvened)
+        return width;
+    const Paragraph natural(text, style, width);
+    const int count = natural.lineCount();
+    const bool endsAlone = count > 1 && !natural.partedAt(count - 1).second.trimmed().contains(u' ');
+    if (!endsAlone || text.contains(u'\n'))
+        return width;
+    int least = width / 2;
+    int most = width;
+    while (least < most) {
+        const int middle = (least + most) / 2;
+        if (Paragraph(text, style, middle).lineCount() > count)
+            least = middle + 1;
+        else
+            most = middle;
+    }
+    return most;
+}
+
+void drawLines(
+    QPainter& painter, const QRect& box, const QString& text, const Type::Style& style, const QColor& color)
+{
+    const int most = qMax(1, box.height() / Type::lineHeight(style));
+    if (most == 1)
+        return draw(painter, box, text, style, color);
+    Paragraph whole(singleLine(text), style, box.width());
+    if (whole.lineCount() <= most)
+        return whole.draw(painter, box, color);
+    const auto [before, after] = whole.partedAt(most - 1);
+    Paragraph(before + elided(after, style, box.width()), style, box.width()).draw(painter, box, color);
+}
+
 Paragraph::Paragraph(const QString& text, const Type::Style& style, int width)
     : layout_(breakable(withBreaks(cut(text, longestParagraph), QChar::LineSeparator)), Type::font(style)),
       style_(style)
@@ -129,7 +173,13 @@ int Paragraph::width() const
 
 int Paragraph::height() const
 {
-    return qMax(1, layout_.lineCount()) * Type::lineHeight(style_);
+    return lineCount() * Type::lineHeight(style_);
+}
+
+std::pair<QString, QString> Paragraph::partedAt(int line) const
+{
+    const int start = layout_.lineAt(line).textStart();
+    return {layout_.text().left(start), layout_.text().mid(start)};
 }
 
 void Paragraph::draw(QPainter& painter, const QRectF& box, const QColor& color, Qt::Alignment alignment) const

@@ -6,6 +6,8 @@
 #include <QRectF>
 #include <QTextLayout>
 
+#include <utility>
+
 class QPainter;
 
 /// Measuring and painting of text that is shown as it stands and never interpreted. Texts come from servers
@@ -28,6 +30,14 @@ QString toolTip(const QString& text);
 void draw(QPainter& painter, const QRectF& box, const QString& text, const Type::Style& style,
     const QColor& color, Qt::Alignment alignment = Qt::AlignLeading | Qt::AlignVCenter);
 
+/// How many lines of that width a text takes, at most `most` of them.
+int lines(const QString& text, const Type::Style& style, int width, int most);
+/// A width, not above `width`, at which a text takes as many lines and does not end in a line of one word.
+int evenWidth(const QString& text, const Type::Style& style, int width);
+/// Paints a text on as many lines as the box is high; the last of them is elided.
+void drawLines(
+    QPainter& painter, const QRect& box, const QString& text, const Type::Style& style, const QColor& color);
+
 /// Text broken into lines of the style's height.
 class Paragraph
 {
@@ -37,6 +47,9 @@ public:
 
     int width() const; ///< of the widest line
     int height() const;
+    int lineCount() const { return qMax(1, layout_.lineCount()); }
+    /// What stands before a line, and what from there on.
+    std::pair<QString, QString> partedAt(int line) const;
     /// \param box  only its top, left and width matter
     void draw(QPainter& painter, const QRectF& box, const QColor& color,
         Qt::Alignment alignment = Qt::AlignLeading) const;

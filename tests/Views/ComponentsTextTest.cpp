@@ -1,4 +1,5 @@
 #include "ComponentsTest.h"
+#include "Palette.h"
 #include "PlainText.h"
 
 #include "Components/AlertDialog.h"
@@ -16,8 +17,11 @@
 #include "Components/TextEditor.h"
 #include "Components/WorkspaceHero.h"
 
+#include <QGlyphRun>
 #include <QPlainTextEdit>
+#include <QRawFont>
 #include <QTextDocument>
+#include <QTextLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -196,4 +200,78 @@ TEST_F(ComponentsText, ARowIsReadOutTitleFirst)
     EXPECT_EQ(row.spoken(), u"Priya Raman, 2026-03-12 2:30 PM, Deed, client, In Review"_s);
     EXPECT_EQ(ListRow{.title = u"Ada"_s}.spoken(), u"Ada"_s);
     EXPECT_EQ((ListRow{.title = u"Ada"_s, .hasPill = true}.spoken()), u"Ada, Requested"_s);
+}
+
+/// How much of the colour of its text a label shows, in whole pixels.
+static double inkOf(QWidget* label, Brand::Tone ground, Brand::Tone text)
+{
+    const int from = Palette::color(ground).green();
+    const int whole = Palette::color(text).green() - from;
+    QImage picture(label->size(), QImage::Format_RGB32);
+    picture.fill(Palette::color(ground));
+    label->render(&picture, {}, {}, QWidget::DrawChildren);
+    double ink = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            ink += double(qGreen(picture.pixel(x, y)) - from) / whole;
+    }
+    return ink;
+}
+
+TEST_F(ComponentsText, LightLettersOnADarkGroundAreHardlyBolder)
+{
+    auto* body = new PlainLabel(u"Estimated Notary Fee for Priya Raman"_s, Type::body);
+    auto* label = new PlainLabel(u"Estimated Notary Fee for Priya Raman"_s, Type::label);
+    show({body, label});
+    const auto ink = [](QWidget* text) { return inkOf(text, Brand::card, Brand::ink); };
+    const double lightBody = ink(body);
+    const double lightLabel = ink(label);
+    ASSERT_GT(lightBody, 100);
+    style()->setDark(true);
+    QApplication::processEvents();
+    EXPECT_NEAR(ink(body) / lightBody, 1, 0.2);
+    EXPECT_NEAR(ink(label) / lightLabel, 1, 0.2);
+    EXPECT_GT(ink(label), 1.1 * ink(body)) << "weights still mean something";
+}
+
+TEST_F(ComponentsText, LettersOfOtherScriptsAreNeverTakenFromALightFace)
+{
+    style()->setDark(true);
+    const QString hebrew = u"\u05de\u05e1\u05de\u05da"_s;
+    QTextLayout layout(hebrew, Type::font(Type::body));
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+    ASSERT_FALSE(layout.glyphRuns().isEmpty());
+    for (const QGlyphRun& run : layout.glyphRuns())
+        EXPECT_GE(run.rawFont().weight(), QFont::Normal);
+}
+
+TEST_F(ComponentsText, FieldsTakeTheFontOfTheScheme)
+{
+    auto* editor = shown(new TextEditor(u"Notes"_s));
+    const auto families = [editor] { return editor->edit()->font().families(); };
+    const QStringList light = families();
+    EXPECT_EQ(light, Type::font(Type::body).families());
+    style()->setDark(true);
+    EXPECT_NE(families(), light);
+    EXPECT_EQ(families(), Type::font(Type::body).families());
+    EXPECT_EQ(editor->edit()->document()->defaultFont().families(), families());
+    style()->setDark(false);
+    EXPECT_EQ(families(), light);
+}
+
+TEST_F(ComponentsText, NoTextEndsInALineOfOneWord)
+{
+    const QString text = u"This information is used for booking and account records."_s;
+    const int natural = PlainText::width(text, Type::body);
+    for (int width = natural / 3; width < natural; width += 7) {
+        const int even = PlainText::evenWidth(text, Type::body, width);
+        const PlainText::Paragraph lines(text, Type::body, even);
+        ASSERT_LE(even, width);
+        EXPECT_EQ(lines.lineCount(), PlainText::Paragraph(text, Type::body, width).lineCount());
+        if (lines.lineCount() > 1 && lines.lineCount() < 4) {
+            EXPECT_TRUE(lines.partedAt(lines.lineCount() - 1).second.trimmed().contains(u' ')) << width;
+        }
+    }
 }

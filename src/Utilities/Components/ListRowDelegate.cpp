@@ -30,6 +30,11 @@ constexpr int barWidth = 3;
 constexpr int barInset = 12;
 /// Room for texts, in pixels of the design, below which nothing stands beside them any more.
 constexpr int stackedBelow = 180;
+/// The same for rows that may wrap, without counting the chip.
+constexpr int wrappedBelow = 240;
+constexpr int mostLines = 2;
+constexpr int metaEdge = 14;
+constexpr int besideMeta = 6;
 constexpr int abovePill = 4;
 /// A pill never takes more than this share of the row, so that the title stays readable.
 constexpr int pillShare = 2;
@@ -38,7 +43,8 @@ void paintBackground(QPainter& painter, const QRect& area, QStyle::State state)
 {
     const bool selected = state & QStyle::State_Selected;
     const bool focused = state & QStyle::State_HasFocus;
-    const auto focusEdge = focused ? Palette::color(Brand::blue) : QColor();
+    const bool isOutlined = focused || (selected && Palette::hasHighContrast());
+    const auto focusEdge = isOutlined ? Palette::color(Brand::blue) : QColor();
     if (selected) {
         Paint::roundedRect(painter, area, Radius::block, Palette::color(Brand::softBlue), focusEdge, 2);
         QRect bar(area.left(), area.top() + barInset, barWidth, area.height() - 2 * barInset);
@@ -73,6 +79,7 @@ struct ListRowDelegate::Places
     QRect chevron;
     QList<QRect> lines;
     QRect word;
+    int bottom = 0; ///< under the last of the texts
 };
 
 ListRowDelegate::ListRowDelegate(Reader reader, const Options& options, QObject* parent)
@@ -96,8 +103,13 @@ int ListRowDelegate::heightUnder() const
 bool ListRowDelegate::setWidth(int width)
 {
     const bool hasBeside = options_.pill == Pill::besideTitle || options_.word;
-    const bool isStacked = hasBeside && roomForTexts({0, 0, width, 0}).width() < Type::scaled(stackedBelow);
-    return isStacked != std::exchange(isStacked_, isStacked);
+    const int room = roomForTexts({0, 0, width, 0}).width();
+    const int chip = options_.chip ? Type::scaled(chipEdge) + chipGap : 0;
+    const bool isNarrow
+        = room < Type::scaled(stackedBelow) || (options_.wraps && room + chip < Type::scaled(wrappedBelow));
+    const bool wasStacked = std::exchange(isStacked_, hasBeside && isNarrow);
+    const int oldWidth = std::exchange(width_, width);
+    return wasStacked != isStacked_ || (wraps() && width != oldWidth);
 }
 
 QRect ListRowDelegate::roomForTexts(const QRect& row) const
@@ -116,8 +128,22 @@ int ListRowDelegate::rowGap() const
     return options_.onlyRead ? dividerHeight : options_.gap;
 }
 
-QSize ListRowDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const
+int ListRowDelegate::heightOf(const QString& text, const Type::Style& style, int width) const
 {
+    return (wraps() ? PlainText::lines(text, style, width, mostLines) : 1) * Type::lineHeight(style);
+}
+
+QString ListRowDelegate::textOn(const ListRow& row, int line) const
+{
+    return isMeta(line) ? row.meta : row.lines.value(line, row.meta);
+}
+
+QSize ListRowDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const
+{
+    if (wraps() && index.isValid()) {
+        const Places places = placesOf(reader_(index), {0, 0, width_, 0});
+        return {0, places.bottom + options_.padding + rowGap()};
+    }
     int texts = firstLineHeight() + options_.textLines * Type::lineHeight(Type::small);
     if (options_.metaLine)
         texts += metaGap;
@@ -136,7 +162,7 @@ ListRowDelegate::Places ListRowDelegate::placesOf(const ListRow& row, const QRec
     };
     places.chip = centred(places.row.left() + roomAcross, Type::scaled(chipEdge));
     places.chevron = centred(inner.right() + 1 + textGap + 2, Type::scaled(chevronEdge));
-    const int first = firstLineHeight();
+    const int first = qMax(firstLineHeight(), heightOf(row.title, Type::strong, inner.width()));
     places.title = QRect(inner.left(), inner.top(), inner.width(), first);
     int linesRight = inner.right();
     const int pillWidth
@@ -152,10 +178,11 @@ ListRowDelegate::Places ListRowDelegate::placesOf(const ListRow& row, const QRec
             linesRight = places.title.right();
     }
     int top = inner.top() + first;
-    const int height = Type::lineHeight(Type::small);
     for (int line = 0; line < options_.textLines; ++line) {
-        if (options_.metaLine && line == options_.textLines - 1)
+        const int indent = isMeta(line) ? Type::scaled(metaEdge) + besideMeta : 0;
+        if (isMeta(line))
             top += metaGap;
+        const int height = heightOf(textOn(row, line), Type::small, linesRight + 1 - inner.left() - indent);
         places.lines += QRect(QPoint(inner.left(), top), QPoint(linesRight, top + height - 1));
         top += height;
     }
@@ -169,6 +196,8 @@ ListRowDelegate::Places ListRowDelegate::placesOf(const ListRow& row, const QRec
         places.word = QRect(last.right() - width + 1, last.top(), width, last.height());
         last.setRight(places.word.left() - 1 - textGap);
     }
+    const int texts = top + heightUnder() - inner.top();
+    places.bottom = inner.top() + (options_.chip ? qMax(texts, Type::scaled(chipEdge)) : texts);
     return places;
 }
 
@@ -197,7 +226,7 @@ void ListRowDelegate::paint(
         paintDivider(*painter, places.row);
     if (options_.chip)
         Chip::draw(*painter, visual(places.chip), row.chip, chipLook(row, option.state));
-    PlainText::draw(*painter, visual(places.title), row.title, Type::strong, Palette::color(Brand::ink));
+    PlainText::drawLines(*painter, visual(places.title), row.title, Type::strong, Palette::color(Brand::ink));
     if (row.showsPill()) {
         const QRect box(places.pillTopRight.x() - places.pillWidth, places.pillTopRight.y(), places.pillWidth,
             Height::pill());
@@ -207,17 +236,15 @@ void ListRowDelegate::paint(
     const auto steel = Palette::color(Brand::steel);
     for (int line = 0; line < places.lines.size(); ++line) {
         auto box = places.lines[line];
-        const bool last = line == places.lines.size() - 1;
-        if (last && options_.metaLine) {
-            const int edge = Type::scaled(14);
-            const QRect icon(box.left(), box.center().y() - edge / 2 + 1, edge, edge);
+        if (isMeta(line)) {
+            const int edge = Type::scaled(metaEdge);
+            const int middle = box.top() + Type::lineHeight(Type::small) / 2;
+            const QRect icon(box.left(), middle - edge / 2, edge, edge);
             if (!row.metaSymbol.isEmpty())
                 Symbols::paint(*painter, visual(icon), row.metaSymbol, steel);
-            box.setLeft(icon.right() + 1 + 6);
-            PlainText::draw(*painter, visual(box), row.meta, Type::small, steel);
-        } else {
-            PlainText::draw(*painter, visual(box), row.lines.value(line, row.meta), Type::small, steel);
+            box.setLeft(icon.right() + 1 + besideMeta);
         }
+        PlainText::drawLines(*painter, visual(box), textOn(row, line), Type::small, steel);
     }
     if (!row.trailing.isEmpty())
         PlainText::draw(*painter, visual(places.word), row.trailing, Type::caption, steel);
@@ -234,10 +261,20 @@ bool ListRowDelegate::helpEvent(
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const auto row = reader_(index);
     const auto places = placesOf(row, option.rect);
-    const bool cut = PlainText::width(row.title, Type::strong) > places.title.width();
-    if (cut)
-        QToolTip::showText(event->globalPos(), PlainText::toolTip(row.title), view);
-    else
+    QStringList cut;
+    const auto note = [&cut](const QString& text, const Type::Style& style, const QRect& box) {
+        const int room = box.height() / Type::lineHeight(style);
+        if (PlainText::lines(text, style, box.width(), room + 1) > room)
+            cut += text;
+    };
+    note(row.title, Type::strong, places.title);
+    for (int line = 0; line < places.lines.size(); ++line) {
+        const int indent = isMeta(line) ? Type::scaled(metaEdge) + besideMeta : 0;
+        note(textOn(row, line), Type::small, places.lines[line].adjusted(indent, 0, 0, 0));
+    }
+    if (cut.isEmpty())
         QToolTip::hideText();
+    else
+        QToolTip::showText(event->globalPos(), PlainText::toolTip(cut.join(u'\n')), view);
     return true;
 }

@@ -125,7 +125,8 @@ const PlainText::Paragraph& PlainLabel::painted() const
 {
     Laid& known = laid();
     if (!known.painted || known.paintedWidth != width()) {
-        known.painted = std::make_unique<PlainText::Paragraph>(text(), style_, width());
+        const int even = PlainText::evenWidth(text(), style_, width());
+        known.painted = std::make_unique<PlainText::Paragraph>(text(), style_, even);
         known.paintedWidth = width();
     }
     return *known.painted;
@@ -133,6 +134,8 @@ const PlainText::Paragraph& PlainLabel::painted() const
 
 bool PlainLabel::event(QEvent* event)
 {
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange)
+        laid_ = {};
     if (event->type() == QEvent::ToolTip && fit_ == Fit::elide && toolTip().isEmpty()) {
         if (PlainText::width(text(), style_) > width()) {
             QToolTip::showText(

@@ -7,6 +7,8 @@
 namespace {
 
 constexpr int inset = 6;
+/// On the side of the scroll bar: as much room as the bar takes, so that its thumb touches no row.
+constexpr int besideBar = 12;
 /// What the page shows above or below the current row, at least.
 constexpr int pageMargin = 8;
 
@@ -19,7 +21,8 @@ RowList::RowList(const QString& label, ListRowDelegate::Reader reader,
     setAccessibleName(label);
     setItemDelegate(delegate_);
     setFrameShape(QFrame::NoFrame);
-    setViewportMargins(inset, inset, inset, 0);
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &RowList::makeRoom);
+    makeRoom();
     viewport()->setAutoFillBackground(false);
     viewport()->setAttribute(Qt::WA_Hover);
     setMouseTracking(true);
@@ -39,9 +42,18 @@ void RowList::setShowsAllRows(bool showsAll)
 {
     showsAllRows_ = showsAll;
     setVerticalScrollBarPolicy(showsAll ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
-    setViewportMargins(showsAll ? 0 : inset, showsAll ? 0 : inset, showsAll ? 0 : inset, 0);
+    makeRoom();
     setSizePolicy(QSizePolicy::Expanding, showsAll ? QSizePolicy::Fixed : QSizePolicy::Expanding);
     updateGeometry();
+}
+
+/// Around the rows.
+void RowList::makeRoom()
+{
+    if (showsAllRows_)
+        return setViewportMargins(0, 0, 0, 0);
+    const int trailing = verticalScrollBar()->maximum() > 0 ? besideBar : inset;
+    setViewportMargins(inset, inset, trailing, 0);
 }
 
 void RowList::setModel(QAbstractItemModel* model)
@@ -97,6 +109,7 @@ void RowList::resizeEvent(QResizeEvent* event)
 {
     QListView::resizeEvent(event);
     if (delegate_->setWidth(viewport()->width())) {
+        setUniformItemSizes(!delegate_->wraps());
         scheduleDelayedItemsLayout();
         updateGeometry();
     }

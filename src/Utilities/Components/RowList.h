@@ -32,6 +32,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    void makeRoom();
     void showFocus(bool shows);
 
     ListRowDelegate* delegate_;

@@ -1,11 +1,13 @@
 #include "SearchField.h"
 
+#include "IconButton.h"
 #include "Palette.h"
 #include "Spacing.h"
 #include "Symbols.h"
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
@@ -13,16 +15,48 @@ namespace {
 
 constexpr int padding = 10;
 constexpr int gap = 6;
+/// Between the button and the edge of the field.
+constexpr int aroundClear = 4;
 
 } // namespace
 
-SearchField::SearchField(const QString& placeholder, QWidget* parent) : LineInput(parent)
+SearchField::SearchField(const QString& placeholder, QWidget* parent)
+    : LineInput(parent), clear_(new IconButton(u"Clear Search"_s, u"xmark.circle.fill"_s))
 {
     setPlaceholderText(placeholder);
     setAccessibleName(placeholder);
-    const int shift = padding + IconSize::button() + gap - Spacing::fieldPadding;
-    setTextMargins(isRightToLeft() ? 0 : shift, 0, isRightToLeft() ? shift : 0, 0);
+    clear_->setParent(this);
+    clear_->setCursor(Qt::ArrowCursor);
+    // By keyboard Escape does the same, and Tab goes on to the list without a stop.
+    clear_->setFocusPolicy(Qt::NoFocus);
+    clear_->hide();
+    connect(clear_, &QAbstractButton::clicked, this, [this] {
+        clear();
+        setFocus(Qt::OtherFocusReason);
+    });
+    connect(this, &QLineEdit::textChanged, this, [this] { arrange(); });
     connect(this, &QLineEdit::textChanged, this, &SearchField::valueChanged);
+    arrange();
+}
+
+/// The text keeps clear of the symbol before it and of the button behind it.
+void SearchField::arrange()
+{
+    const bool hasText = !text().isEmpty();
+    const int before = padding + IconSize::button() + gap - Spacing::fieldPadding;
+    const int behind = hasText ? clear_->sizeHint().width() + aroundClear - Spacing::fieldPadding + gap : 0;
+    setTextMargins(isRightToLeft() ? behind : before, 0, isRightToLeft() ? before : behind, 0);
+    const QSize size = clear_->sizeHint();
+    const QRect place(
+        width() - aroundClear - size.width(), (height() - size.height()) / 2, size.width(), size.height());
+    clear_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
+    clear_->setVisible(hasText);
+}
+
+void SearchField::resizeEvent(QResizeEvent* event)
+{
+    LineInput::resizeEvent(event);
+    arrange();
 }
 
 void SearchField::setValue(const QString& value)

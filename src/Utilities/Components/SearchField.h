@@ -2,7 +2,8 @@
 
 #include "LineInput.h"
 
-/// The field above a list that filters it. It is named by its placeholder; Escape empties it.
+/// The field above a list that filters it. It is named by its placeholder; Escape empties it, and so does the
+/// button that it shows at its end while there is text.
 class SearchField : public LineInput
 {
     Q_OBJECT
@@ -21,4 +22,10 @@ signals:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void arrange();
+
+    class IconButton* clear_;
 };

@@ -12,6 +12,7 @@ static ListRowDelegate::Options rowShape()
 {
     ListRowDelegate::Options shape;
     shape.chip = true;
+    shape.wraps = true;
     return shape;
 }
 

@@ -8,6 +8,7 @@ static ListRowDelegate::Options rowShape()
     ListRowDelegate::Options shape;
     shape.textLines = 1;
     shape.chip = true;
+    shape.wraps = true;
     shape.chevron = false;
     shape.pill = ListRowDelegate::Pill::none;
     shape.word = true;

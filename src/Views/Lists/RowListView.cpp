@@ -22,6 +22,7 @@ ListRowDelegate::Options recordRows()
 {
     ListRowDelegate::Options options;
     options.metaLine = true;
+    options.wraps = true;
     return options;
 }
 

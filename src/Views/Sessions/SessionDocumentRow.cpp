@@ -17,10 +17,11 @@ static constexpr int dividerHeight = 1;
 /// In large text, so that the button beside it is whole.
 static constexpr int leastTitle = 24;
 
+/// On one line, which a tool tip completes. In large text that would leave too little of a name.
 static PlainLabel* line(const QString& text, const Type::Style& style, Brand::Tone tone)
 {
     auto* label = new PlainLabel(text, style, tone);
-    label->setFit(PlainLabel::Fit::elide);
+    label->setFit(Type::factor() > 1 ? PlainLabel::Fit::wrap : PlainLabel::Fit::elide);
     return label;
 }
 
@@ -38,8 +39,8 @@ SessionDocumentRow::SessionDocumentRow(const RemoteDocumentUpload& document, Div
     auto* top = Layouts::row(Spacing::fieldsAcross);
     PlainLabel* title = line(name, Type::strong, Brand::ink);
     title->setMinimumWidth(leastTitle);
-    top->addWidget(title, 1, Qt::AlignVCenter);
-    top->addWidget(open_);
+    top->addWidget(title, 1);
+    top->addWidget(open_, 0, Qt::AlignTop);
     auto* texts = Layouts::column(0);
     texts->addLayout(top);
     texts->addWidget(line(document.displayDetail(), Type::small, Brand::steel));

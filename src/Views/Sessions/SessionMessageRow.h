@@ -30,7 +30,5 @@ public:
     static int textWidth(int rowWidth);
 
 private:
-    QWidget* makeHeader(const SessionMessage& message);
-
     SelectableText* text_;
 };
