@@ -73,25 +73,32 @@ inline void expectInsideParents(const QWidget& in)
     });
 }
 
-/// Where a widget is, as far as what scrolls within a page lets it be seen.
-inline QRect placeIn(const QWidget& in, const QWidget* widget)
+struct Place
 {
-    QRect place(widget->mapTo(&in, QPoint()), widget->size());
-    QRect outermost = place;
+    QRect onPage; ///< as far as what scrolls within its page lets it be seen
+    QRect inSight; ///< as far as its page lets it be seen as well
+    const QWidget* page = nullptr; ///< the outermost of what scrolls around it
+};
+
+inline Place placeIn(const QWidget& in, const QWidget* widget)
+{
+    const QRect whole(widget->mapTo(&in, QPoint()), widget->size());
+    Place place{whole, whole};
     for (const QWidget* around = widget->parentWidget(); around && around != &in;
          around = around->parentWidget()) {
         if (!qobject_cast<const QAbstractScrollArea*>(around->parentWidget()))
             continue;
-        outermost = place;
-        place &= QRect(around->mapTo(&in, QPoint()), around->size());
+        place.page = around;
+        place.onPage = place.inSight;
+        place.inSight &= QRect(around->mapTo(&in, QPoint()), around->size());
     }
-    return outermost;
+    return place;
 }
 
 /// No text lies over another one.
 inline void expectTextsApart(const QWidget& in)
 {
-    QList<std::pair<const QWidget*, QRect>> places;
+    QList<std::pair<const QWidget*, Place>> places;
     const auto note = [&](const QWidget* widget) { places.emplace_back(widget, placeIn(in, widget)); };
     checkAll<PlainLabel>(in, note);
     checkAll<Button>(in, note);
@@ -101,7 +108,10 @@ inline void expectTextsApart(const QWidget& in)
             const QWidget* b = places[j].first;
             if (a->isAncestorOf(b) || b->isAncestorOf(a))
                 continue;
-            EXPECT_FALSE(places[i].second.intersects(places[j].second)) << nameOf(a) << " and " << nameOf(b);
+            const auto& [ofA, ofB] = std::pair(places[i].second, places[j].second);
+            const bool overlap = ofA.page == ofB.page ? ofA.onPage.intersects(ofB.onPage)
+                                                      : ofA.inSight.intersects(ofB.inSight);
+            EXPECT_FALSE(overlap) << nameOf(a) << " and " << nameOf(b);
         }
     }
 }

@@ -16,7 +16,9 @@
 #include "Shell/MenuBarDropdownModel.h"
 #include "support/SteadyAppearance.h"
 
+#include <QFile>
 #include <QMenuBar>
+#include <QTemporaryDir>
 
 #include <algorithm>
 
@@ -65,8 +67,11 @@ private:
 TEST_F(MainWindowTest, StartsOnTheDashboardOfSomebodySignedOut)
 {
     EXPECT_EQ(window.windowTitle(), u"Dashboard"_s);
-    EXPECT_EQ(window.size(), QSize(1180, 760));
-    EXPECT_EQ(window.minimumSize(), QSize(980, 680));
+    const int bar = window.menuBar()->height();
+    EXPECT_GT(bar, 0);
+    EXPECT_EQ(window.centralWidget()->size(), QSize(1180, 760)) << "under the menu bar";
+    EXPECT_EQ(window.size(), QSize(1180, 760 + bar));
+    EXPECT_EQ(window.minimumSize(), QSize(980, 680 + bar));
     EXPECT_TRUE(isShowing<DashboardHomeView>());
     EXPECT_EQ(
         entries(), QStringList({u"Dashboard"_s, u"Book Remote Notary"_s, u"Sessions"_s, u"Settings"_s}));
@@ -314,4 +319,37 @@ TEST_F(MainWindowTest, TheStatusMenuBringsTheClosedWindowBackToASection)
     EXPECT_TRUE(window.isVisible());
     EXPECT_TRUE(isShowing<DashboardHomeView>());
     EXPECT_FALSE(auth.isSignedIn());
+}
+
+TEST_F(MainWindowTest, PresentingBringsBackAWindowThatWasMinimized)
+{
+    window.showMinimized();
+    settle();
+    ASSERT_TRUE(window.isMinimized());
+    window.present();
+    settle();
+    EXPECT_FALSE(window.isMinimized());
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(QApplication::activeWindow(), &window);
+}
+
+TEST_F(MainWindowTest, EachTimeItIsShownTheTokensAreRenewed)
+{
+    const QTemporaryDir resources;
+    QFile list(resources.filePath(u"GoogleService-Info.plist"_s));
+    ASSERT_TRUE(list.open(QFile::WriteOnly));
+    ASSERT_GT(list.write("<plist><dict><key>API_KEY</key><string>key</string></dict></plist>"), 0);
+    list.close();
+    config.resourceFolder = resources.path();
+    signIn(account(u"priya"_s));
+    settle();
+    const qsizetype before = requestCount();
+    for (qsizetype time = 0; time < 2; ++time) {
+        window.close();
+        window.present();
+        settle();
+        ASSERT_EQ(requestCount(), before + time + 1);
+        EXPECT_EQ(request(before + time).url.path(), u"/v1/token"_s);
+        answer(before + time, R"({"id_token": "renewed"})");
+    }
 }

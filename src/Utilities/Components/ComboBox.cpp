@@ -81,6 +81,20 @@ void ComboBox::setCompact(bool compact)
     update();
 }
 
+void ComboBox::setSymbolOnly()
+{
+    view()->setMinimumWidth(sizeHint().width());
+    symbolOnly_ = true;
+    connect(this, &QComboBox::currentIndexChanged, this, &ComboBox::nameSymbol);
+    nameSymbol();
+    updateGeometry();
+}
+
+void ComboBox::nameSymbol()
+{
+    setToolTip(PlainText::toolTip(currentText()));
+}
+
 void ComboBox::setValue(const QString& value)
 {
     wanted_ = value;
@@ -99,6 +113,8 @@ int ComboBox::boxHeight() const
 
 QSize ComboBox::sizeHint() const
 {
+    if (symbolOnly_)
+        return {boxHeight(), boxHeight()};
     if (preferredWidth_ > 0)
         return {preferredWidth_, boxHeight()};
     int widest = PlainText::width(placeholderText(), Type::body);
@@ -110,6 +126,8 @@ QSize ComboBox::sizeHint() const
 
 QSize ComboBox::minimumSizeHint() const
 {
+    if (symbolOnly_)
+        return sizeHint();
     return {Type::scaled(72), boxHeight()};
 }
 
@@ -134,13 +152,19 @@ void ComboBox::paintEvent(QPaintEvent*)
         return box;
     };
 
+    const auto symbol = currentData(ComboListDelegate::SymbolRole).toString();
+    const auto written = Palette::color(isEnabled() ? Brand::ink : Brand::muted);
+    if (symbolOnly_) {
+        const auto edge = IconSize::button();
+        return Symbols::paint(
+            painter, QRectF((width() - edge) / 2.0, (height() - edge) / 2.0, edge, edge), symbol, written);
+    }
     const auto chevron = IconSize::chevron();
     Symbols::paint(painter,
         place(QRectF(width() - padding() - chevron, (height() - chevron) / 2.0, chevron, chevron)),
         u"chevron.up.chevron.down"_s, Palette::color(isEnabled() ? Brand::steel : Brand::muted));
 
     qreal left = padding();
-    const auto symbol = currentData(ComboListDelegate::SymbolRole).toString();
     if (!symbol.isEmpty()) {
         const auto edge = IconSize::button();
         Symbols::paint(painter, place(QRectF(left, (height() - edge) / 2.0, edge, edge)), symbol,
@@ -148,7 +172,6 @@ void ComboBox::paintEvent(QPaintEvent*)
         left += edge + symbolGap;
     }
     const bool prompts = currentIndex() < 0;
-    const auto written = Palette::color(isEnabled() ? Brand::ink : Brand::muted);
     const QRectF textBox(left, 0, width() - left - padding() - chevron - chevronGap, height());
     PlainText::draw(painter, place(textBox), prompts ? placeholderText() : currentText(), Type::body,
         prompts && isEnabled() ? Palette::placeholder() : written);

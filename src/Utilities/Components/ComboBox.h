@@ -29,6 +29,8 @@ public:
     void setPreferredWidth(int width);
     /// A lower box, for rows and the sidebar.
     void setCompact(bool compact);
+    /// Shows the symbol of what is chosen alone, and its text as tool tip; the list shows both.
+    void setSymbolOnly();
 
     /// The chosen option's value; empty when nothing is chosen.
     QString value() const { return currentData().toString(); }
@@ -48,11 +50,13 @@ protected:
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
 private:
+    void nameSymbol();
     int padding() const;
     int boxHeight() const;
 
     QString wanted_; ///< the value chosen or set last, whether or not it is among the options
     int preferredWidth_ = 0;
     bool compact_ = false;
+    bool symbolOnly_ = false;
     bool hasSymbols_ = false;
 };

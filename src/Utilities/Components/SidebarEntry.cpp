@@ -30,8 +30,18 @@ SidebarEntry::SidebarEntry(const QString& title, const QString& systemImage, QWi
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
+void SidebarEntry::setFolded(bool folded)
+{
+    folded_ = folded;
+    setToolTip(folded ? PlainText::toolTip(title_) : QString());
+    updateGeometry();
+    update();
+}
+
 QSize SidebarEntry::sizeHint() const
 {
+    if (folded_)
+        return {Height::compact(), Height::compact()};
     return {
         2 * padding + IconSize::sidebar() + gap + PlainText::width(title_, Type::strong), Height::compact()};
 }
@@ -69,14 +79,19 @@ void SidebarEntry::paintEvent(QPaintEvent*)
     const QColor fill = isChecked() ? Palette::color(Brand::paleBlue)
         : hovered                   ? Palette::color(Brand::softBlue)
                                     : QColor(Qt::transparent);
-    const QColor edge = hasFocus() && keyboardFocus_ ? Palette::color(Brand::blue) : QColor();
+    // A pale fill alone says too little to people who asked for contrast.
+    const bool isOutlined = (hasFocus() && keyboardFocus_) || (isChecked() && Palette::hasHighContrast());
+    const QColor edge = isOutlined ? Palette::color(Brand::blue) : QColor();
     Paint::roundedRect(painter, rect(), Radius::control, fill, edge, focusEdge);
 
     const auto place
         = [this](const QRect& box) { return QStyle::visualRect(layoutDirection(), rect(), box); };
     const auto icon = IconSize::sidebar();
-    Symbols::paint(painter, place(QRect(padding, (height() - icon) / 2, icon, icon)), symbol_,
+    const int before = folded_ ? (width() - icon) / 2 : padding;
+    Symbols::paint(painter, place(QRect(before, (height() - icon) / 2, icon, icon)), symbol_,
         Palette::color(isChecked() ? Brand::blue : Brand::steel));
+    if (folded_)
+        return;
     const int left = padding + icon + gap;
     PlainText::draw(painter, place(QRect(left, 0, width() - left - padding, height())), title_,
         isChecked() ? Type::strong : Type::label, Palette::color(isChecked() ? Brand::navy : Brand::ink));

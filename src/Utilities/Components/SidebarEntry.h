@@ -3,7 +3,8 @@
 #include <QAbstractButton>
 
 /// An entry of the sidebar, named by its section's title. A click only asks: which entry is selected follows
-/// from where the window is, and is told by setChecked().
+/// from where the window is, and is told by setChecked(). Folded it shows its symbol alone, and the title as
+/// tool tip.
 class SidebarEntry : public QAbstractButton
 {
     Q_OBJECT
@@ -11,6 +12,8 @@ class SidebarEntry : public QAbstractButton
 public:
     SidebarEntry(const QString& title, const QString& systemImage, QWidget* parent = nullptr);
 
+    void setFolded(bool folded);
+    const QString& systemImage() const { return symbol_; }
     QSize sizeHint() const override;
 
 protected:
@@ -23,5 +26,6 @@ protected:
 private:
     QString title_;
     QString symbol_;
+    bool folded_ = false;
     bool keyboardFocus_ = false;
 };

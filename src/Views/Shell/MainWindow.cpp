@@ -28,20 +28,21 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Of the content: the menu bar comes on top of it, where the desktop shows it in the window.
 constexpr QSize leastSize(980, 680);
 constexpr QSize firstSize(1180, 760);
 constexpr int sidebarWidth = 220;
 constexpr int wideSidebarWidth = 240;
 constexpr int wideFrom = 1440;
 constexpr double sidebarShare = 0.36;
+/// Of the window, in pixels of the design: the screens need the room more than the words of the sidebar do.
+constexpr int foldedBelow = 680;
 
 } // namespace
 
 MainWindow::MainWindow(MainWindowModel& model, AppearanceModel& appearance)
     : model_(model), appearance_(appearance), sidebar_(new Sidebar(model)), content_(new ContentPane)
 {
-    setMinimumSize(leastSize);
-    resize(firstSize);
     setWindowIcon(AppIcon::window());
     addApplicationMenu();
 
@@ -51,7 +52,10 @@ MainWindow::MainWindow(MainWindowModel& model, AppearanceModel& appearance)
     layout->setSpacing(0);
     layout->addWidget(sidebar_);
     layout->addWidget(content_, 1);
+    columns->setMinimumSize(leastSize);
     setCentralWidget(columns);
+    const int bar = menuBar()->isNativeMenuBar() ? 0 : menuBar()->sizeHint().height();
+    resize(firstSize + QSize(0, bar));
     PaneKeys::mark(sidebar_);
     PaneKeys::mark(content_);
     PaneKeys::install(this);
@@ -102,12 +106,15 @@ void MainWindow::resizeEvent(QResizeEvent* event)
     fitSidebar();
 }
 
-/// Large text makes the sidebar wider than the design, up to a share of the window.
+/// Large text makes the sidebar wider than the design, up to a share of the window, or folds it.
 void MainWindow::fitSidebar()
 {
     const int designed = width() < wideFrom ? sidebarWidth : wideSidebarWidth;
     const int most = std::max(designed, int(width() * sidebarShare));
-    sidebar_->setFixedWidth(std::clamp(sidebar_->wholeTitlesWidth(), designed, most));
+    const bool folds = width() < Type::scaled(foldedBelow);
+    sidebar_->setFolded(folds);
+    sidebar_->setFixedWidth(
+        folds ? sidebar_->wholeWidth() : std::clamp(sidebar_->wholeWidth(), designed, most));
 }
 
 void MainWindow::showScreen()

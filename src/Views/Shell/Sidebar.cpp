@@ -1,18 +1,23 @@
 #include "Shell/Sidebar.h"
 
+#include "Accessibility.h"
 #include "Components/Card.h"
 #include "Components/Chip.h"
 #include "Components/ComboBox.h"
 #include "Components/LabeledField.h"
 #include "Components/PlainLabel.h"
+#include "Components/ScrollPage.h"
 #include "Components/SidebarEntry.h"
+#include "Components/SoftDivider.h"
 #include "Layouts.h"
 #include "Palette.h"
 #include "PaneKeys.h"
+#include "Spacing.h"
 
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -20,16 +25,23 @@ namespace {
 
 constexpr int outerMargin = 12;
 constexpr int headerTile = 40;
+constexpr int foldedTile = 32;
 constexpr int textIndent = 8; ///< of the header and the headings, to where the entries' symbols begin
 constexpr int betweenEntries = 2;
+constexpr int betweenGroups = 8;
 
 } // namespace
 
 Sidebar::Sidebar(MainWindowModel& model, QWidget* parent)
-    : ScrollPage(new QWidget, parent), model_(model), column_(Layouts::column(0))
+    : QWidget(parent), model_(model), pinned_(Layouts::column(0)), column_(Layouts::column(0)),
+      page_(new ScrollPage(Layouts::holding(column_)))
 {
-    widget()->setLayout(column_);
-    column_->setContentsMargins(outerMargin, outerMargin, outerMargin, outerMargin);
+    pinned_->setContentsMargins(outerMargin, outerMargin, outerMargin, 0);
+    column_->setContentsMargins(outerMargin, 0, outerMargin, outerMargin);
+    auto* parts = Layouts::column(0);
+    parts->addLayout(pinned_);
+    parts->addWidget(page_, 1);
+    setLayout(parts);
     connect(&model_, &MainWindowModel::sidebarChanged, this, &Sidebar::update);
     rebuild();
 }
@@ -43,11 +55,17 @@ void Sidebar::update()
     for (const auto& [section, entry] : entries_) {
         entry->setChecked(section == model_.selectedSection());
         if (entry->isChecked())
-            ensureWidgetVisible(entry);
+            page_->ensureWidgetVisible(entry);
     }
     // A role that was chosen and not switched to after all.
     if (rolePicker_)
         rolePicker_->setValue(rawValue(model_.context().auth.role()));
+}
+
+void Sidebar::setFolded(bool folded)
+{
+    if (folded != std::exchange(folded_, folded))
+        rebuild();
 }
 
 Sidebar::Audience Sidebar::audience() const
@@ -62,9 +80,11 @@ Sidebar::Audience Sidebar::audience() const
 void Sidebar::rebuild()
 {
     const bool hadFocus = PaneKeys::focusWithin(this).has_value();
+    const std::optional<AppSection> focused = focusedSection();
     // Choosing a role rebuilds the very picker that it is chosen in.
     const bool picksRole = rolePicker_ && rolePicker_->hasFocus();
     shownFor_ = audience();
+    Layouts::clear(pinned_);
     Layouts::clear(column_);
     entries_.clear();
     addHeader();
@@ -75,19 +95,40 @@ void Sidebar::rebuild()
     if (picksRole && rolePicker_)
         rolePicker_->setFocus(Qt::OtherFocusReason);
     else if (hadFocus)
-        focusSelected();
+        focus(focused.value_or(model_.selectedSection()));
 }
 
 void Sidebar::focusSelected()
 {
+    focus(model_.selectedSection());
+}
+
+std::optional<AppSection> Sidebar::focusedSection() const
+{
+    for (const auto& [section, entry] : entries_) {
+        if (entry->hasFocus())
+            return section;
+    }
+    return std::nullopt;
+}
+
+/// On the entry of the selected section where that one is not offered to whoever is here.
+void Sidebar::focus(AppSection wanted)
+{
+    for (const auto& [section, entry] : entries_) {
+        if (section == wanted)
+            return entry->setFocus(Qt::OtherFocusReason);
+    }
     for (const auto& [section, entry] : entries_) {
         if (entry->isChecked())
             entry->setFocus(Qt::OtherFocusReason);
     }
 }
 
-int Sidebar::wholeTitlesWidth() const
+int Sidebar::wholeWidth() const
 {
+    if (folded_)
+        return Height::compact() + 2 * outerMargin;
     int widest = 0;
     for (const auto& [section, entry] : entries_)
         widest = std::max(widest, entry->sizeHint().width());
@@ -97,6 +138,12 @@ int Sidebar::wholeTitlesWidth() const
 void Sidebar::addHeader()
 {
     const MainWindowModel::Header header = model_.header();
+    pinned_->addWidget(folded_ ? makeTile(header) : makeTitle(header));
+    pinned_->addSpacing(outerMargin);
+}
+
+QWidget* Sidebar::makeTitle(const MainWindowModel::Header& header) const
+{
     auto* name = new PlainLabel(header.title, Type::sub);
     auto* caption = new PlainLabel(header.caption, Type::small, Brand::steel);
     name->setFit(PlainLabel::Fit::elide);
@@ -108,8 +155,16 @@ void Sidebar::addHeader()
     auto* texts = Layouts::column(0, {name, caption});
     row->addLayout(texts, 1);
     row->setAlignment(texts, Qt::AlignVCenter);
-    column_->addLayout(row);
-    column_->addSpacing(outerMargin);
+    return Layouts::holding(row);
+}
+
+QWidget* Sidebar::makeTile(const MainWindowModel::Header& header) const
+{
+    auto* tile = new Chip(header.systemImage, foldedTile, Chip::Look::dark);
+    tile->setToolTip(PlainText::toolTip(header.title + u'\n' + header.caption));
+    Accessibility::setRole(tile, QAccessible::StaticText);
+    tile->setAccessibleName(header.title + u", "_s + header.caption);
+    return tile;
 }
 
 void Sidebar::addRoleSwitcher()
@@ -117,35 +172,46 @@ void Sidebar::addRoleSwitcher()
     const QList<AppRole> roles = model_.switchableRoles();
     if (roles.isEmpty())
         return;
+    ComboBox* picker = makeRolePicker(roles);
+    rolePicker_ = picker;
+    if (folded_) {
+        picker->setSymbolOnly();
+        picker->setAccessibleName(u"Role"_s);
+        pinned_->addWidget(picker, 0, Qt::AlignHCenter);
+        pinned_->addSpacing(betweenGroups);
+        return;
+    }
+    auto* card = new Card(outerMargin);
+    card->add(new PlainLabel(u"Active Workspace"_s, Type::group));
+    auto* field = new LabeledField(u"Role"_s, picker, LabeledField::Placement::beside);
+    field->layout()->setSpacing(8);
+    card->add(field, 8);
+    pinned_->addWidget(card);
+    pinned_->addSpacing(4);
+}
+
+ComboBox* Sidebar::makeRolePicker(const QList<AppRole>& roles)
+{
     QList<ComboBox::Option> options;
     for (const AppRole role : roles)
         options += {title(role), rawValue(role), systemImage(role)};
     auto* picker = new ComboBox(options);
-    rolePicker_ = picker;
     picker->setCompact(true);
     picker->setValue(rawValue(model_.context().auth.role()));
     connect(picker, &ComboBox::valueChanged, this, [this](const QString& value) {
         if (const std::optional<AppRole> role = appRole(value))
             model_.switchRole(*role);
     });
-
-    auto* card = new Card(outerMargin);
-    card->add(new PlainLabel(u"Active Workspace"_s, Type::group));
-    auto* field = new LabeledField(u"Role"_s, picker, LabeledField::Placement::beside);
-    field->layout()->setSpacing(8);
-    card->add(field, 8);
-    column_->addWidget(card);
-    column_->addSpacing(4);
+    return picker;
 }
 
 void Sidebar::addGroup(const MainWindowModel::Group& group)
 {
-    auto* heading = Layouts::column(0, {new PlainLabel(group.title, Type::group, Brand::steel)});
-    heading->setContentsMargins(textIndent, 12, textIndent, 4);
-    column_->addLayout(heading);
+    addHeading(group.title);
     auto* entries = Layouts::column(betweenEntries);
     for (const AppSection section : group.sections) {
         auto* entry = new SidebarEntry(title(section), systemImage(section));
+        entry->setFolded(folded_);
         entry->setChecked(section == model_.selectedSection());
         connect(entry, &SidebarEntry::clicked, this, [this, section] { model_.select(section); });
         entries->addWidget(entry);
@@ -154,7 +220,23 @@ void Sidebar::addGroup(const MainWindowModel::Group& group)
     column_->addLayout(entries);
 }
 
+/// A rail has no room for words: a line parts its groups.
+void Sidebar::addHeading(const QString& title)
+{
+    if (folded_) {
+        if (entries_.isEmpty())
+            return;
+        column_->addSpacing(betweenGroups);
+        column_->addWidget(new SoftDivider);
+        column_->addSpacing(betweenGroups);
+        return;
+    }
+    auto* heading = Layouts::column(0, {new PlainLabel(title, Type::group, Brand::steel)});
+    heading->setContentsMargins(textIndent, 12, textIndent, 4);
+    column_->addLayout(heading);
+}
+
 void Sidebar::paintEvent(QPaintEvent*)
 {
-    QPainter(viewport()).fillRect(viewport()->rect(), Palette::color(Brand::panel));
+    QPainter(this).fillRect(rect(), Palette::color(Brand::panel));
 }
