@@ -62,6 +62,8 @@ inline constexpr Tone onDarkTitle{0xFFFFFF, 0xFFFFFF};
 inline constexpr Tone onDarkText{0xEEF5FF, 0xEEF5FF};
 /// Tiles on darkGradient are filled with onDarkTitle at this opacity.
 inline constexpr double onDarkTileOpacity = 0.12;
+/// The same for their edges.
+inline constexpr double onDarkEdgeOpacity = 0.20;
 
 /// What lies over the window while an alert is open.
 inline constexpr Tone scrim{0x0A224C, 0x080D16};

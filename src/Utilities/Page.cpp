@@ -11,7 +11,8 @@ Page::Page(int maxWidth, Place place, QWidget* parent)
     auto* outer = new QVBoxLayout(widget());
     outer->setContentsMargins(0, 0, 0, 0);
     outer->addLayout(column_);
-    outer->addStretch();
+    // All of what is left over: a card whose lines may stretch is to stay as high as they are.
+    outer->addStretch(1);
     arrange();
 }
 

@@ -101,11 +101,11 @@ TEST_P(LeaveGuardReasons, AreForgottenWithAScreenThatIsOnItsWayOut)
 
 INSTANTIATE_TEST_SUITE_P(Unfinished, LeaveGuardReasons,
     testing::Values(Reason{"Edits", Unfinished::edits,
-                        {u"Discard Changes?"_s, u"What you entered here has not been saved yet."_s,
+                        {u"Discard Changes?"_s, u"What you entered here has not been sent or saved yet."_s,
                             u"Discard"_s, u"Keep Editing"_s}},
         Reason{"Work", Unfinished::work,
             {u"Still Saving"_s,
-                u"Your last change is still on its way. If you leave now, you will not be told how it ended."_s,
+                u"Your last change is still being saved. If you leave now, you will not see whether it worked."_s,
                 u"Leave"_s, u"Stay"_s}}),
     ByName());
 

@@ -1,7 +1,11 @@
 #include "Shell/DashboardHomeView.h"
 
 #include "Components/Button.h"
+#include "Components/FeatureLine.h"
 #include "ScreensViewTest.h"
+
+#include <algorithm>
+#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -67,4 +71,26 @@ TEST_F(DashboardHomeViewTest, ItsButtonsDoWhatTheySay)
     EXPECT_FALSE(auth.isSignedIn());
     EXPECT_FALSE(texts(view).contains(u"Signed in"_s));
     EXPECT_EQ(buttons(), (QStringList{u"Book Remote Notary"_s, u"Sessions"_s, u"Website"_s}));
+}
+
+TEST_F(DashboardHomeViewTest, ALargeWindowShowsItsFeaturesInOneRow)
+{
+    const auto rows = [this] {
+        std::set<int> tops;
+        for (const FeatureLine* feature : view.findChildren<FeatureLine*>())
+            tops.insert(feature->mapTo(&view, QPoint()).y());
+        return tops.size();
+    };
+    EXPECT_EQ(rows(), 2);
+    view.resize(1680, 1080);
+    settle();
+    EXPECT_EQ(rows(), 1);
+    int highest = 0;
+    for (const FeatureLine* feature : view.findChildren<FeatureLine*>())
+        highest = std::max(highest, feature->heightForWidth(feature->width()));
+    for (const FeatureLine* feature : view.findChildren<FeatureLine*>())
+        EXPECT_EQ(feature->height(), highest) << "and takes no more room than they need";
+    view.resize(600, 728);
+    settle();
+    EXPECT_EQ(rows(), 4);
 }

@@ -19,9 +19,9 @@ const QStringList namesInUse{u"arrow.clockwise"_s, u"arrow.up.right.square"_s, u
     u"gauge.with.dots.needle.bottom.50percent"_s, u"gearshape.fill"_s, u"hand.point.left.fill"_s,
     u"icloud.and.arrow.up.fill"_s, u"key.fill"_s, u"lock.fill"_s, u"lock.open.fill"_s, u"lock.shield.fill"_s,
     u"macwindow"_s, u"magnifyingglass"_s, u"megaphone.fill"_s, u"menubar.rectangle"_s, u"message.fill"_s,
-    u"minus"_s, u"minus.circle"_s, u"person.2.fill"_s, u"person.3.fill"_s, u"person.badge.plus"_s,
+    u"minus.circle"_s, u"person.2.fill"_s, u"person.3.fill"_s, u"person.badge.plus"_s,
     u"person.badge.shield.checkmark"_s, u"person.badge.shield.checkmark.fill"_s, u"person.crop.circle"_s,
-    u"person.fill"_s, u"person.text.rectangle"_s, u"person.text.rectangle.fill"_s, u"photo.fill"_s, u"plus"_s,
+    u"person.fill"_s, u"person.text.rectangle"_s, u"person.text.rectangle.fill"_s, u"photo.fill"_s,
     u"plus.circle.fill"_s, u"power"_s, u"power.circle.fill"_s, u"rectangle.grid.2x2.fill"_s,
     u"rectangle.portrait.and.arrow.right"_s, u"safari"_s, u"tablecells.fill"_s, u"trash"_s,
     u"tray.and.arrow.up.fill"_s, u"tray.full.fill"_s, u"video.badge.checkmark"_s, u"xmark.circle.fill"_s};

@@ -26,6 +26,8 @@ DateEditor::DateEditor(Kind kind, QWidget* parent) : QDateTimeEdit(parent), kind
 {
     // Qt would turn the parts of the date around, which an English date does not survive.
     setLayoutDirection(Qt::LeftToRight);
+    if (QGuiApplication::isRightToLeft())
+        setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
     setDisplayFormat(kind == Kind::date ? u"MMM d, yyyy"_s : u"MMM d, yyyy, h:mm AP"_s);
     setTimeSpec(Qt::UTC);

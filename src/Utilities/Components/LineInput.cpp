@@ -3,11 +3,15 @@
 #include "Spacing.h"
 
 #include <QFocusEvent>
+#include <QGuiApplication>
 
 LineInput::LineInput(QWidget* parent) : QLineEdit(parent)
 {
     setFont(Type::font(Type::body));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    // Left to itself, a value follows its own letters and stands away from its caption.
+    if (QGuiApplication::isRightToLeft())
+        setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
 }
 
 QSize LineInput::sizeHint() const

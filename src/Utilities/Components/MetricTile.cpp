@@ -14,7 +14,7 @@ MetricTile::MetricTile(
 {
     Accessibility::setRole(this, QAccessible::Grouping);
     setAccessibleName(title);
-    auto* heading = new PlainLabel(title, Type::body, Brand::steel);
+    auto* heading = new PlainLabel(title, Type::label, Brand::steel);
     heading->setFit(PlainLabel::Fit::elide);
     value_->setFit(PlainLabel::Fit::elide);
     auto* top = Layouts::row(8);

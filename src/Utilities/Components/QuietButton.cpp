@@ -2,12 +2,6 @@
 
 #include "Palette.h"
 
-namespace {
-
-constexpr int quietPadding = 8;
-
-} // namespace
-
 QuietButton::QuietButton(const QString& title, const QString& systemImage, QWidget* parent)
     : Button(title, systemImage, parent)
 {
@@ -16,7 +10,7 @@ QuietButton::QuietButton(const QString& title, const QString& systemImage, QWidg
 
 int QuietButton::padding() const
 {
-    return quietPadding;
+    return roomAcross;
 }
 
 Button::Colors QuietButton::colors() const

@@ -8,6 +8,9 @@ class QuietButton : public Button
     Q_OBJECT
 
 public:
+    /// Before and after the words, in pixels.
+    static constexpr int roomAcross = 8;
+
     explicit QuietButton(const QString& title, const QString& systemImage = {}, QWidget* parent = nullptr);
 
 protected:

@@ -4,6 +4,8 @@
 
 #include <QPainter>
 
+#include <cmath>
+
 SoftDivider::SoftDivider(QWidget* parent) : QWidget(parent)
 {
     setFixedHeight(1);
@@ -11,5 +13,10 @@ SoftDivider::SoftDivider(QWidget* parent) : QWidget(parent)
 
 void SoftDivider::paintEvent(QPaintEvent*)
 {
-    QPainter(this).fillRect(rect(), Palette::color(Brand::line));
+    const double ratio = devicePixelRatioF();
+    const double top = mapTo(window(), QPoint()).y() * ratio;
+    // On a screen with a fraction of a pixel more, equally thick lines would come out now thin, now thick.
+    const double snapped = (std::ceil(top) - top) / ratio;
+    const double thickness = std::floor(ratio) / ratio;
+    QPainter(this).fillRect(QRectF(0, snapped, width(), thickness), Palette::color(Brand::line));
 }

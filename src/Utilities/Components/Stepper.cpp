@@ -4,7 +4,7 @@
 #include "Paint.h"
 #include "Palette.h"
 #include "Spacing.h"
-#include "Symbols.h"
+#include "Type.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -76,7 +76,20 @@ void Stepper::keyPressEvent(QKeyEvent* event)
     }
 }
 
-void Stepper::paintHalf(QPainter& painter, QStyle::SubControl part, const QString& symbol, bool canStep) const
+/// A plus or a minus of strokes that fill whole pixels: a symbol's thin strokes would be smeared over two.
+static void paintSign(QPainter& painter, const QRect& half, bool isPlus, const QColor& color)
+{
+    const int thickness = Type::scaled(2);
+    const int length = Type::scaled(6) * 2 + thickness % 2;
+    const QRect box(
+        (half.left() + half.right() + 1 - length) / 2, (half.height() - length) / 2, length, length);
+    const int inset = (length - thickness) / 2;
+    painter.fillRect(box.adjusted(0, inset, 0, -inset), color);
+    if (isPlus)
+        painter.fillRect(box.adjusted(inset, 0, -inset, 0), color);
+}
+
+void Stepper::paintHalf(QPainter& painter, QStyle::SubControl part, bool canStep) const
 {
     const auto half = partRect(part);
     const bool reacts = isEnabled() && canStep;
@@ -86,9 +99,8 @@ void Stepper::paintHalf(QPainter& painter, QStyle::SubControl part, const QStrin
         const bool pressed = option.state & QStyle::State_Sunken && option.activeSubControls & part;
         painter.fillRect(half, Palette::color(pressed ? Brand::paleBlue : Brand::softBlue));
     }
-    QRectF icon(0, 0, IconSize::button(), IconSize::button());
-    icon.moveCenter(QRectF(half).center());
-    Symbols::paint(painter, icon, symbol, Palette::color(reacts ? Brand::blue : Brand::line));
+    paintSign(
+        painter, half, part == QStyle::SC_SpinBoxUp, Palette::color(reacts ? Brand::blue : Brand::muted));
 }
 
 void Stepper::paintEvent(QPaintEvent*)
@@ -102,8 +114,8 @@ void Stepper::paintEvent(QPaintEvent*)
     QPainterPath inside;
     inside.addRoundedRect(rect(), Radius::control, Radius::control);
     painter.setClipPath(inside);
-    paintHalf(painter, QStyle::SC_SpinBoxDown, u"minus"_s, value() > minimum());
-    paintHalf(painter, QStyle::SC_SpinBoxUp, u"plus"_s, value() < maximum());
+    paintHalf(painter, QStyle::SC_SpinBoxDown, value() > minimum());
+    paintHalf(painter, QStyle::SC_SpinBoxUp, value() < maximum());
     painter.restore();
     painter.fillRect(width() / 2, 0, 1, height(), edge);
     Paint::roundedRect(painter, rect(), Radius::control, Qt::NoBrush, edge);

@@ -27,5 +27,5 @@ protected:
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
 private:
-    void paintHalf(QPainter& painter, QStyle::SubControl part, const QString& symbol, bool canStep) const;
+    void paintHalf(QPainter& painter, QStyle::SubControl part, bool canStep) const;
 };

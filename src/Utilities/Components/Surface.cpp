@@ -9,6 +9,12 @@
 
 namespace {
 
+/// Stronger than a divider for people who asked for contrast.
+QColor edgeColor()
+{
+    return Palette::color(Palette::hasHighContrast() ? Brand::fieldBorder : Brand::line);
+}
+
 int edgeOf(Surface::Kind kind)
 {
     return kind == Surface::Kind::dark ? 0 : 1;
@@ -52,11 +58,9 @@ void Surface::paintEvent(QPaintEvent*)
     QPainter painter(this);
     switch (kind_) {
     case Kind::card:
-        return Paint::roundedRect(
-            painter, rect(), Radius::card, Palette::color(Brand::card), Palette::color(Brand::line));
+        return Paint::roundedRect(painter, rect(), Radius::card, Palette::color(Brand::card), edgeColor());
     case Kind::block:
-        return Paint::roundedRect(
-            painter, rect(), Radius::block, Palette::color(Brand::panel), Palette::color(Brand::line));
+        return Paint::roundedRect(painter, rect(), Radius::block, Palette::color(Brand::panel), edgeColor());
     case Kind::alert:
         return Paint::roundedRect(
             painter, rect(), Radius::alert, Palette::color(Brand::card), Palette::color(Brand::fieldBorder));
@@ -65,6 +69,6 @@ void Surface::paintEvent(QPaintEvent*)
     case Kind::darkTile:
         return Paint::roundedRect(painter, rect(), Radius::block,
             Palette::color(Brand::onDarkTitle, Brand::onDarkTileOpacity),
-            Palette::color(Brand::onDarkTitle, Brand::onDarkTileOpacity));
+            Palette::color(Brand::onDarkTitle, Brand::onDarkEdgeOpacity));
     }
 }

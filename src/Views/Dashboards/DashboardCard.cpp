@@ -12,6 +12,8 @@ using namespace Qt::StringLiterals;
 
 /// Rows have room of their own before and after their texts, which stand flush with the title.
 static constexpr int rowPadding = ListRowDelegate::roomAcross;
+/// Rows have room of their own under their texts as well.
+static constexpr int roomUnderRows = 10;
 
 DashboardCard::DashboardCard(
     const QString& title, QWidget* list, const QAbstractItemModel& rows, const QString& emptyText)
@@ -29,13 +31,14 @@ DashboardCard::DashboardCard(
     add(lines);
     connect(&rows_, &QAbstractItemModel::modelReset, this, &DashboardCard::showRows);
     setCompact(false);
-    showRows();
 }
 
 QuietButton* DashboardCard::addAction(const QString& title)
 {
     auto* button = new QuietButton(title);
     heading_->addWidget(button);
+    // Its words end where the rows under it do.
+    heading_->setContentsMargins(rowPadding, 0, rowPadding - QuietButton::roomAcross, 0);
     return button;
 }
 
@@ -48,8 +51,8 @@ void DashboardCard::setLoading(bool loading)
 void DashboardCard::setCompact(bool compact)
 {
     constexpr int edge = 1;
-    const int padding = edge + (compact ? Spacing::cardCompact : Spacing::card);
-    content()->setContentsMargins(padding - rowPadding, padding, padding - rowPadding, padding);
+    padding_ = edge + (compact ? Spacing::cardCompact : Spacing::card);
+    showRows();
 }
 
 void DashboardCard::showRows()
@@ -58,4 +61,6 @@ void DashboardCard::showRows()
     list_->setVisible(!isEmpty);
     loadingLine_->setVisible(isEmpty && isLoading_);
     emptyLine_->setVisible(isEmpty && !isLoading_);
+    const int below = isEmpty ? padding_ : padding_ - roomUnderRows;
+    content()->setContentsMargins(padding_ - rowPadding, padding_, padding_ - rowPadding, below);
 }

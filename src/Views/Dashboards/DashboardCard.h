@@ -34,4 +34,5 @@ private:
     LoadingLine* loadingLine_;
     PlainLabel* emptyLine_;
     bool isLoading_ = false;
+    int padding_ = 0;
 };

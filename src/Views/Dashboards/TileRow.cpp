@@ -33,8 +33,9 @@ int TileRow::columnsIn(int width) const
     for (const MetricTile* tile : tiles_)
         widest = qMax(widest, tile->sizeHint().width());
     int columns = int(tiles_.size());
-    while (columns > 1 && columns * (widest + between) - between > width)
-        columns = (columns + 1) / 2;
+    const auto leavesOneAlone = [this](int count) { return count > 1 && tiles_.size() % count == 1; };
+    while (columns > 1 && (columns * (widest + between) - between > width || leavesOneAlone(columns)))
+        --columns;
     return columns;
 }
 

@@ -8,9 +8,9 @@ static Question questionAbout(LeaveGuard::Unfinished unfinished)
 {
     if (unfinished == LeaveGuard::Unfinished::work)
         return {u"Still Saving"_s,
-            u"Your last change is still on its way. If you leave now, you will not be told how it ended."_s,
+            u"Your last change is still being saved. If you leave now, you will not see whether it worked."_s,
             u"Leave"_s, u"Stay"_s};
-    return {u"Discard Changes?"_s, u"What you entered here has not been saved yet."_s, u"Discard"_s,
+    return {u"Discard Changes?"_s, u"What you entered here has not been sent or saved yet."_s, u"Discard"_s,
         u"Keep Editing"_s};
 }
 

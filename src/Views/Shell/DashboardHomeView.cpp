@@ -10,20 +10,24 @@
 #include "Layouts.h"
 #include "PaneKeys.h"
 
-#include <QBoxLayout>
+#include <QVBoxLayout>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int widest = 1120;
+constexpr int widest = 1280;
 constexpr int heroPadding = 28;
+constexpr int heroPaddingWide = 48;
 constexpr int heroChip = 64;
 constexpr int cardChip = 44;
 constexpr int featuresAcross = 32;
 constexpr int featuresDown = 24;
-/// Width of the page from which two features stand in a row.
+/// Width of the page from which two features stand in a row, and all of them.
 constexpr int besideFrom = 640;
+constexpr int allBesideFrom = 1160;
 
 } // namespace
 
@@ -60,6 +64,7 @@ void DashboardHomeView::addHero()
     row->addWidget(Layouts::holding(texts), 1, Qt::AlignVCenter);
     hero->add(row);
     column()->addWidget(hero);
+    hero_ = hero;
 }
 
 void DashboardHomeView::addSignedInCard()
@@ -90,36 +95,40 @@ void DashboardHomeView::addQuickActions()
 
 void DashboardHomeView::addFeatures()
 {
-    constexpr int perRow = 2;
-    auto* rows = Layouts::column(featuresDown);
-    featureRows_.clear();
-    for (const DashboardHomeModel::Feature& feature : DashboardHomeModel::features()) {
-        if (featureRows_.isEmpty() || featureRows_.constLast()->count() == perRow) {
-            featureRows_ += Layouts::row(featuresAcross);
-            rows->addLayout(featureRows_.constLast());
-        }
-        featureRows_.constLast()->addWidget(
-            new FeatureLine(feature.systemImage, feature.title, feature.text), 1);
-    }
+    features_.clear();
+    featureColumns_ = 0;
+    featureRows_ = Layouts::column(featuresDown);
+    for (const DashboardHomeModel::Feature& feature : DashboardHomeModel::features())
+        features_ += new FeatureLine(feature.systemImage, feature.title, feature.text);
     auto* card = new Card;
-    card->add(rows);
+    card->add(featureRows_);
     column()->addWidget(card);
     fit(card);
-    arrangeFeatures();
+    arrangeParts();
 }
 
-/// Side by side, and one under the other where large text needs the width.
-void DashboardHomeView::arrangeFeatures()
+/// As many features side by side as the width allows, which large text takes for itself; a large window gives
+/// the greeting more room.
+void DashboardHomeView::arrangeParts()
 {
-    const bool beside = width() >= Type::scaled(besideFrom);
-    for (QBoxLayout* row : std::as_const(featureRows_)) {
-        row->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
-        row->setSpacing(beside ? featuresAcross : featuresDown);
+    const int all = int(features_.size());
+    const bool isWide = width() >= Type::scaled(allBesideFrom);
+    const int columns = isWide ? all : width() >= Type::scaled(besideFrom) ? 2 : 1;
+    hero_->setPadding(isWide ? heroPaddingWide : heroPadding);
+    if (columns == std::exchange(featureColumns_, columns))
+        return;
+    while (QLayoutItem* row = featureRows_->takeAt(0))
+        delete row;
+    for (int first = 0; first < all; first += columns) {
+        auto* row = Layouts::row(featuresAcross);
+        for (QWidget* feature : features_.mid(first, columns))
+            row->addWidget(feature, 1);
+        featureRows_->addLayout(row);
     }
 }
 
 void DashboardHomeView::resizeEvent(QResizeEvent* event)
 {
     Page::resizeEvent(event);
-    arrangeFeatures();
+    arrangeParts();
 }

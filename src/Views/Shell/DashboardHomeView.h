@@ -3,7 +3,8 @@
 #include "Page.h"
 #include "Shell/DashboardHomeModel.h"
 
-class QBoxLayout;
+class QVBoxLayout;
+class Surface;
 
 /// The landing screen.
 class DashboardHomeView : public Page
@@ -22,8 +23,11 @@ private:
     void addSignedInCard();
     void addQuickActions();
     void addFeatures();
-    void arrangeFeatures();
+    void arrangeParts();
 
     DashboardHomeModel model_;
-    QList<QBoxLayout*> featureRows_;
+    Surface* hero_ = nullptr;
+    QList<QWidget*> features_;
+    QVBoxLayout* featureRows_ = nullptr;
+    int featureColumns_ = 0;
 };

@@ -31,7 +31,7 @@ def keep_unsent(stage):
     stage.person.fill(EDITOR, MESSAGE[0])
     session, other = stage.rows("Sessions")[:2]
     stage.person.click_on(other)
-    stage.person.answer("Discard Changes?", "What you entered here has not been saved yet.", "Keep Editing",
+    stage.person.answer("Discard Changes?", "What you entered here has not been sent or saved yet.", "Keep Editing",
                         picture=lambda: stage.picture("question"))
     wait_for(lambda: "selected" in session.states, "the session that is written to, to stay selected")
     expect_equal(stage.screen.wait("text", EDITOR).text, MESSAGE[0], "the message after keeping it")

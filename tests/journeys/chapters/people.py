@@ -62,12 +62,12 @@ def leave_unfinished(stage):
     stage.person.fill("Name", "Grace Unfinished", pane)
     other = stage.screen.wait("list item", _user_row(stage.bridge.user(NEXT_USER)))
     stage.person.click_on(other)
-    stage.person.answer("Discard Changes?", "What you entered here has not been saved yet.", "Keep Editing",
+    stage.person.answer("Discard Changes?", "What you entered here has not been sent or saved yet.", "Keep Editing",
                         picture=lambda: stage.picture("question"))
     expect_equal(stage.screen.wait("text", "Name", pane).text, "Grace Unfinished", "the name after staying")
     wait_for(lambda: _selected(stage, USERS) == [_user_row(before)], "the account to stay selected")
     stage.person.click_on(other)
-    stage.person.answer("Discard Changes?", "What you entered here has not been saved yet.", "Discard")
+    stage.person.answer("Discard Changes?", "What you entered here has not been sent or saved yet.", "Discard")
     wait_for(lambda: _email_shown(stage, USERS) == NEXT_USER, "the other account")
     expect_equal(stage.bridge.user(UNFINISHED_USER), before, "the account that was not saved")
 
