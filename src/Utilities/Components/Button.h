@@ -24,6 +24,7 @@ public:
     void setTitle(const QString& title);
     /// \param symbol  empty for none
     void setSystemImage(const QString& symbol);
+    const QString& systemImage() const { return symbol_; }
     void setButtonSize(Size size);
     /// Lets the title take more lines than one where large text leaves too little room.
     void setWraps(bool wraps);

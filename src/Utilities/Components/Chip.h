@@ -22,6 +22,7 @@ public:
         const QString& systemImage, int edge = 36, Look look = Look::soft, QWidget* parent = nullptr);
 
     void setSystemImage(const QString& symbol);
+    const QString& systemImage() const { return symbol_; }
     /// Where the symbol is to be smaller or larger than usual, in pixels of the design.
     void setSymbolEdge(int edge);
     QSize sizeHint() const override;

@@ -12,6 +12,7 @@ public:
     explicit Emblem(const QString& systemImage, int symbolEdge = 32, QWidget* parent = nullptr);
 
     void setSystemImage(const QString& symbol);
+    const QString& systemImage() const { return symbol_; }
 
     QSize sizeHint() const override;
 

@@ -14,6 +14,7 @@ public:
     SymbolView(const QString& systemImage, int edge, Brand::Tone tone, QWidget* parent = nullptr);
 
     void setSystemImage(const QString& symbol);
+    const QString& systemImage() const { return symbol_; }
     QSize sizeHint() const override { return {edge_, edge_}; }
 
 protected:
