@@ -69,6 +69,10 @@ class Bridge:
         """From now on it neither answers nor hangs up."""
         self._process.send_signal(signal.SIGSTOP)
 
+    def thaw(self):
+        """It goes on as if nothing had been."""
+        self._process.send_signal(signal.SIGCONT)
+
     def kill(self):
         """As a power cut would: it has no time to finish anything."""
         self._process.kill()
@@ -146,9 +150,17 @@ class Bridge:
 
     def give_role(self, email, role):
         """As its keeper can, past all its rules."""
+        self._change("update users set role = ? where email = ?", role, email)
+
+    def end_sign_ins(self):
+        """Of everybody: no token counts any more."""
+        for table in ("id_tokens", "refresh_tokens", "sign_ins"):
+            self._change(f"delete from {table}")
+
+    def _change(self, statement, *values):
         connection = sqlite3.connect(self._database)
         with connection:
-            connection.execute("update users set role = ? where email = ?", (role, email))
+            connection.execute(statement, values)
         connection.close()
 
     def _rows(self, query, *values):

@@ -8,6 +8,7 @@ DEMO_CLIENT = "priya.raman@example.com"
 DEMO_BUSINESS = "helen.brandt@example.com"
 DEMO_NOTARY = "samuel.adeyemi@example.com"
 DEMO_ADMIN = "maya.whitfield@example.com"
+# Of the content, under the menu bar.
 DEFAULT_SIZE = (1180, 760)
 
 
@@ -87,10 +88,17 @@ class Stage:
         hands.press("Return")
 
     def at_size(self, width, height, chapter):
-        """Runs the chapter with the window at another size than its first."""
+        """Runs the chapter with the content of the window at another size than its first."""
         suffix = self.suffix
-        self.client.resize(width, height)
+        self.resize(width, height)
         self.suffix = f"{suffix}-{width}x{height}"
         chapter(self)
         self.suffix = suffix
-        self.client.resize(*DEFAULT_SIZE)
+        self.resize(*DEFAULT_SIZE)
+
+    def resize(self, width, height):
+        """The window, so that its content has this size."""
+        self.client.resize(width, height + self.menu_bar_height())
+
+    def menu_bar_height(self):
+        return next(self.screen.find_all("menu bar")).rect.height

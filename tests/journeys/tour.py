@@ -11,8 +11,8 @@ from pathlib import Path
 
 from accessibility import Inspector
 from bridge import Bridge, NoWayToBridge
-from chapters import (booking, business, conversation, desktops, leaving, looks, notary, office, people, records,
-                      sessions, settings, signing_in, staff, trays)
+from chapters import (booking, business, conversation, desktops, glimpses, leaving, looks, notary, office, people,
+                      records, sessions, settings, signing_in, staff, trays)
 from client import Client, Conditions
 from display import Desktop
 from pictures import Album
@@ -52,6 +52,7 @@ class Journey:
             ("the first start", signing_in.first_start),
             ("nobody's menu in the tray", trays.for_nobody),
             ("the sign-in gate", signing_in.gate),
+            ("the gate in other sizes, light", looks.sign_in_sizes),
             ("a wrong password", signing_in.wrong_password),
             ("a client signs in", signing_in.client_signs_in),
             ("a client's menu in the tray", trays.for_client),
@@ -69,10 +70,13 @@ class Journey:
             ("documents for the session", lambda stage: conversation.upload(stage, more_files)),
             ("settings, light", looks.choose_light),
             ("a client's screens, light", looks.client_screens),
+            ("what is there for a moment, light", glimpses.see),
             ("settings, dark", looks.choose_dark),
             ("a client's screens, dark", looks.client_screens),
+            ("what is there for a moment, dark", glimpses.see),
             ("signing out", staff.sign_out),
             ("nobody's screens, dark", looks.signed_out_screens),
+            ("the gate in other sizes, dark", looks.sign_in_sizes),
         ]
 
     def _in_the_office(self):
@@ -93,6 +97,7 @@ class Journey:
             ("a notary is deleted", people.delete_notary),
             ("the staff's screens, dark", staff.workspaces),
             ("window sizes, dark", looks.sizes),
+            ("a section that is closed, dark", glimpses.restricted),
             ("a restart", self._restart),
             ("back to light", looks.choose_light),
             ("the staff's screens, light", staff.workspaces),
@@ -112,6 +117,7 @@ class Journey:
             ("large text", self._enlarge_text),
             ("high contrast", self._strengthen_colours),
             ("light, whatever the desktop is", looks.choose_light),
+            ("a section that is closed, light", glimpses.restricted),
             ("signing out again", staff.sign_out),
             ("a new account", signing_in.new_account),
             ("a profile is saved", settings.save_profile),

@@ -49,6 +49,10 @@ def missing_information(stage):
     _submit(stage)
     stage.person.read_alert("Missing Information", "Describe what needs to be notarized.",
                             picture=lambda: stage.picture("booking-missing"))
+    details = stage.screen.wait("text", "What needs to be notarized?")
+    expect("focused" in details.states, "Nobody was led to what is missing.")
+    expect(details.clipping_ancestor() is None, "What is missing is out of sight.")
+    stage.picture("booking-missing-led")
     expect_equal(stage.screen.wait("text", "Email").text, DEMO_CLIENT, "the address after the alert")
     expect_equal(stage.bridge.session_count(), before, "the number of sessions after a refused request")
 

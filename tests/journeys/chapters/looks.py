@@ -3,13 +3,15 @@
 from chapters import conversation, sessions
 from waiting import wait_for
 
+# Of the content, under the menu bar.
 SMALLEST = (980, 680)
-# The most of a common laptop's display.
-LAPTOP = (1366, 768)
+# Nearly all of a common laptop's display.
+LAPTOP = (1366, 700)
 LARGEST = (1920, 1080)
 MAIN_SCREENS = {"Dashboard": "dashboard", "Book Remote Notary": "booking", "Sessions": "sessions",
                 "Settings": "settings"}
-OFFICE_SCREENS = {"Admin Dashboard": "admin-dashboard", "Records": "records", "Notaries": "notaries"}
+OFFICE_SCREENS = {"Admin Dashboard": "admin-dashboard", "Records": "records", "Users": "users",
+                  "Notaries": "notaries"}
 
 
 def choose_light(stage):
@@ -63,11 +65,23 @@ def signed_out_screens(stage):
     stage.picture("settings-signed-out")
 
 
+def sign_in_sizes(stage):
+    """What somebody finds who is signed out."""
+    for size in (SMALLEST, LARGEST):
+        stage.at_size(*size, _sign_in)
+
+
+def _sign_in(stage):
+    stage.open("Book Remote Notary")
+    stage.screen.wait("password text", "Password")
+    stage.picture("signin")
+
+
 def sizes(stage):
     """From the smallest window, where everything is tight, to a large screen."""
     stage.at_size(*SMALLEST, lambda small: _screens(small, MAIN_SCREENS | OFFICE_SCREENS))
-    stage.at_size(*LAPTOP, lambda laptop: _screens(laptop, MAIN_SCREENS))
-    stage.at_size(*LARGEST, lambda large: _screens(large, MAIN_SCREENS))
+    for size in (LAPTOP, LARGEST):
+        stage.at_size(*size, lambda wider: _screens(wider, MAIN_SCREENS | OFFICE_SCREENS))
 
 
 def _screens(stage, names):

@@ -14,7 +14,7 @@ SIGNED_OUT_SIDEBAR = ["Dashboard", "Book Remote Notary", "Sessions", "Settings"]
 
 def first_start(stage):
     """Nobody is signed in: the dashboard is open and only what everybody may see is in the sidebar."""
-    expect_equal(stage.client.window[2:], (1180, 760), "the first size of the window")
+    expect_equal(stage.client.window[2:], (1180, 760 + stage.menu_bar_height()), "the first size of the window")
     expect_equal(stage.client.wait_for_window().name, "Dashboard", "the title of the window")
     expect_equal(sidebar(stage), SIGNED_OUT_SIDEBAR, "the sidebar of somebody who is not signed in")
     stage.screen.wait_reads("Desktop")
@@ -29,6 +29,7 @@ def gate(stage):
     """A protected section asks for a sign-in, or for a new account; the form keeps what was typed between them."""
     stage.open("Book Remote Notary")
     stage.screen.wait("password text", "Password")
+    expect("focused" in stage.screen.wait("text", "Email").states, "The first field has no caret.")
     stage.picture("signin")
     stage.person.fill("Email", DEMO_CLIENT)
     stage.person.pick_radio("Create Account")
@@ -45,6 +46,7 @@ def wrong_password(stage):
     stage.person.read_alert("Sign In Failed", "Incorrect email or password. Please try again.",
                             picture=lambda: stage.picture("alert"))
     expect_equal(stage.screen.wait("text", "Email").text, DEMO_CLIENT, "the address after a failed sign-in")
+    expect("focused" in stage.screen.wait("password text", "Password").states, "The password is not asked for again.")
     expect_nobody_remembered(stage)
 
 
