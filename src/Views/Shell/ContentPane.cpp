@@ -1,5 +1,6 @@
 #include "Shell/ContentPane.h"
 
+#include "Accessibility.h"
 #include "Paint.h"
 #include "Palette.h"
 #include "PaneKeys.h"
@@ -7,22 +8,34 @@
 #include <QPainter>
 #include <QStyle>
 
-ContentPane::ContentPane(QWidget* parent) : QWidget(parent) { }
+ContentPane::ContentPane(QWidget* parent) : QWidget(parent)
+{
+    Accessibility::setRole(this, QAccessible::Section);
+}
 
+/// The focus goes from one screen to the other and touches nothing between them, which would be told.
 void ContentPane::setScreen(QWidget* screen)
 {
-    std::optional<Qt::FocusReason> focus;
-    if (screen_) {
-        focus = PaneKeys::focusWithin(screen_);
-        screen_->hide();
-        screen_->deleteLater();
-    }
-    screen_ = screen;
+    QWidget* before = std::exchange(screen_, screen);
     screen_->setParent(this);
     placeScreen();
     screen_->show();
-    if (focus)
+    if (!before)
+        return;
+    if (const auto focus = PaneKeys::focusWithin(before)) {
+        tellTitle();
         PaneKeys::enter(screen_, *focus);
+    }
+    before->hide();
+    before->deleteLater();
+}
+
+/// A screen reader tells what surrounds a control only to those who come from another one, and that one has
+/// gone. So it is led here first.
+void ContentPane::tellTitle()
+{
+    QAccessibleEvent event(this, QAccessible::Focus);
+    QAccessible::updateAccessibility(&event);
 }
 
 void ContentPane::paintEvent(QPaintEvent*)

@@ -4,7 +4,8 @@
 
 #include <QWidget>
 
-/// The area beside the sidebar: the content background with its one round corner, and the screen on it.
+/// The area beside the sidebar: the content background with its one round corner, and the screen on it, whose
+/// title is its accessible name.
 class ContentPane : public QWidget
 {
     Q_OBJECT
@@ -25,6 +26,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void tellTitle();
     void placeScreen();
 
     QWidget* screen_ = nullptr;

@@ -113,6 +113,7 @@ void MainWindow::fitSidebar()
 void MainWindow::showScreen()
 {
     setWindowTitle(model_.windowTitle());
+    content_->setAccessibleName(model_.windowTitle());
     content_->setScreen(makeScreen());
 }
 

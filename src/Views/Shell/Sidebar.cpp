@@ -1,5 +1,6 @@
 #include "Shell/Sidebar.h"
 
+#include "Accessibility.h"
 #include "Components/Card.h"
 #include "Components/Chip.h"
 #include "Components/ComboBox.h"
@@ -26,7 +27,8 @@ constexpr int betweenEntries = 2;
 } // namespace
 
 Sidebar::Sidebar(MainWindowModel& model, QWidget* parent)
-    : ScrollPage(new QWidget, parent), model_(model), column_(Layouts::column(0))
+    : ScrollPage(new QWidget, parent), model_(model), column_(Layouts::column(0)),
+      shownSection_(model.selectedSection())
 {
     widget()->setLayout(column_);
     column_->setContentsMargins(outerMargin, outerMargin, outerMargin, outerMargin);
@@ -34,10 +36,13 @@ Sidebar::Sidebar(MainWindowModel& model, QWidget* parent)
     rebuild();
 }
 
-/// Selection changes often and must keep the keyboard focus where it is; only other people or other roles
-/// change what there is to select.
+/// Only other people or other roles change what there is to select. Whoever is among the entries when another
+/// is selected, by a shortcut, goes along and hears of it; nobody else loses their place.
 void Sidebar::update()
 {
+    const bool isAmongEntries = std::ranges::any_of(entries_, [](const auto& listed) {
+        return listed.second->hasFocus();
+    });
     if (shownFor_ != audience())
         rebuild();
     for (const auto& [section, entry] : entries_) {
@@ -45,6 +50,9 @@ void Sidebar::update()
         if (entry->isChecked())
             ensureWidgetVisible(entry);
     }
+    const AppSection before = std::exchange(shownSection_, model_.selectedSection());
+    if (isAmongEntries && before != shownSection_)
+        focusSelected();
     // A role that was chosen and not switched to after all.
     if (rolePicker_)
         rolePicker_->setValue(rawValue(model_.context().auth.role()));
@@ -151,7 +159,10 @@ void Sidebar::addGroup(const MainWindowModel::Group& group)
         entries->addWidget(entry);
         entries_ += {section, entry};
     }
-    column_->addLayout(entries);
+    auto* list = Layouts::holding(entries);
+    Accessibility::setRole(list, QAccessible::List);
+    list->setAccessibleName(group.title);
+    column_->addWidget(list);
 }
 
 void Sidebar::paintEvent(QPaintEvent*)

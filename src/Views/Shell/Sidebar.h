@@ -49,6 +49,7 @@ private:
     MainWindowModel& model_;
     QVBoxLayout* column_;
     Audience shownFor_;
+    AppSection shownSection_;
     QList<std::pair<AppSection, class SidebarEntry*>> entries_;
     QPointer<class ComboBox> rolePicker_;
 };

@@ -1,0 +1,141 @@
+#include "DateEditorAccessible.h"
+
+#include "DateEditor.h"
+
+#include <QAccessibleValueInterface>
+#include <QAccessibleWidget>
+#include <QLineEdit>
+#include <QPointer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The name of a part of a date, and its value written out.
+QString told(const QDateTimeEdit& editor, QDateTimeEdit::Section section)
+{
+    switch (section) {
+    case QDateTimeEdit::MonthSection:
+        return u"month, "_s + editor.locale().monthName(editor.date().month());
+    case QDateTimeEdit::DaySection:
+        return u"day, "_s + QString::number(editor.date().day());
+    case QDateTimeEdit::YearSection:
+        return u"year, "_s + QString::number(editor.date().year());
+    case QDateTimeEdit::HourSection:
+        return u"hour, "_s + editor.sectionText(section);
+    case QDateTimeEdit::MinuteSection:
+        return u"minute, "_s + editor.sectionText(section);
+    default:
+        return u"half, "_s + editor.sectionText(section);
+    }
+}
+
+class AccessiblePart : public QAccessibleInterface
+{
+public:
+    AccessiblePart(QDateTimeEdit* editor, int index) : editor_(editor), index_(index) { }
+
+    bool isValid() const override { return !editor_.isNull(); }
+    QObject* object() const override { return nullptr; }
+    QWindow* window() const override { return parent() ? parent()->window() : nullptr; }
+
+    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(editor_); }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        const bool isNamed = editor_ && kind == QAccessible::Name;
+        return isNamed ? told(*editor_, editor_->sectionAt(index_)) : QString();
+    }
+    void setText(QAccessible::Text, const QString&) override { }
+
+    QRect rect() const override { return parent() ? parent()->rect() : QRect(); }
+    QAccessible::Role role() const override { return QAccessible::StaticText; }
+    QAccessible::State state() const override
+    {
+        QAccessible::State state;
+        if (editor_) {
+            state.focused = editor_->hasFocus() && editor_->currentSectionIndex() == index_;
+            state.invisible = !editor_->isVisible();
+            state.disabled = !editor_->isEnabled();
+        }
+        return state;
+    }
+
+private:
+    QPointer<QDateTimeEdit> editor_;
+    int index_;
+};
+
+class AccessibleDateEditor : public QAccessibleWidget, public QAccessibleValueInterface
+{
+public:
+    explicit AccessibleDateEditor(DateEditor* editor) : QAccessibleWidget(editor, QAccessible::SpinBox)
+    {
+        for (int index = 0; index < editor->sectionCount(); ++index)
+            parts_ += QAccessible::registerAccessibleInterface(new AccessiblePart(editor, index));
+    }
+    Q_DISABLE_COPY_MOVE(AccessibleDateEditor)
+
+    int childCount() const override { return int(parts_.size()); }
+    QAccessibleInterface* child(int index) const override
+    {
+        return QAccessible::accessibleInterface(parts_.value(index));
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override
+    {
+        return int(parts_.indexOf(QAccessible::uniqueId(const_cast<QAccessibleInterface*>(child))));
+    }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Value ? editor()->text() : QAccessibleWidget::text(kind);
+    }
+
+    void* interface_cast(QAccessible::InterfaceType type) override
+    {
+        if (type == QAccessible::ValueInterface)
+            return static_cast<QAccessibleValueInterface*>(this);
+        if (type == QAccessible::TextInterface || type == QAccessible::EditableTextInterface)
+            return QAccessible::queryAccessibleInterface(editor()->line())->interface_cast(type);
+        return QAccessibleWidget::interface_cast(type);
+    }
+
+    QVariant currentValue() const override { return editor()->dateTime().toSecsSinceEpoch(); }
+    void setCurrentValue(const QVariant& value) override
+    {
+        editor()->setDateTime(QDateTime::fromSecsSinceEpoch(value.toLongLong(), Qt::UTC));
+    }
+    QVariant maximumValue() const override { return editor()->maximumDateTime().toSecsSinceEpoch(); }
+    QVariant minimumValue() const override { return editor()->minimumDateTime().toSecsSinceEpoch(); }
+    QVariant minimumStepSize() const override { return 1; }
+
+protected:
+    ~AccessibleDateEditor() override
+    {
+        for (const QAccessible::Id part : parts_)
+            QAccessible::deleteAccessibleInterface(part);
+    }
+
+private:
+    DateEditor* editor() const { return static_cast<DateEditor*>(widget()); }
+
+    QList<QAccessible::Id> parts_;
+};
+
+QAccessibleInterface* make(const QString&, QObject* object)
+{
+    auto* editor = qobject_cast<DateEditor*>(object);
+    return editor ? new AccessibleDateEditor(editor) : nullptr;
+}
+
+} // namespace
+
+void DateEditorAccessible::install()
+{
+    QAccessible::installFactory(make);
+}
