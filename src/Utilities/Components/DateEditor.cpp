@@ -130,6 +130,7 @@ void DateEditor::focusOutEvent(QFocusEvent* event)
 {
     QDateTimeEdit::focusOutEvent(event);
     toldPart_ = noPart;
+    entryPart_ = noPart;
 }
 
 /// As if each part were a control: a screen reader says the name of whatever gets the focus, and says nothing
@@ -137,8 +138,10 @@ void DateEditor::focusOutEvent(QFocusEvent* event)
 void DateEditor::tellPart()
 {
     const int part = currentSectionIndex();
-    if (!hasFocus() || part == std::exchange(toldPart_, part))
+    if (!hasFocus() || part == toldPart_)
         return;
+    entryPart_ = toldPart_ == noPart ? part : noPart;
+    toldPart_ = part;
     isAtPart_ = true;
     QAccessibleEvent event(this, QAccessible::Focus);
     event.setChild(part);

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The name of a part of a date, and its value written out.
-QString told(const QDateTimeEdit& editor, QDateTimeEdit::Section section)
+QString told(const DateEditor& editor, QDateTimeEdit::Section section)
 {
     switch (section) {
     case QDateTimeEdit::MonthSection:
@@ -30,10 +30,11 @@ QString told(const QDateTimeEdit& editor, QDateTimeEdit::Section section)
     }
 }
 
+/// In a role whose name is not spoken.
 class AccessiblePart : public QAccessibleInterface
 {
 public:
-    AccessiblePart(QDateTimeEdit* editor, int index) : editor_(editor), index_(index) { }
+    AccessiblePart(DateEditor* editor, int index) : editor_(editor), index_(index) { }
 
     bool isValid() const override { return !editor_.isNull(); }
     QObject* object() const override { return nullptr; }
@@ -47,13 +48,15 @@ public:
 
     QString text(QAccessible::Text kind) const override
     {
-        const bool isNamed = editor_ && kind == QAccessible::Name;
-        return isNamed ? told(*editor_, editor_->sectionAt(index_)) : QString();
+        if (!editor_ || kind != QAccessible::Name)
+            return {};
+        const QString part = told(*editor_, editor_->sectionAt(index_));
+        return index_ == editor_->entryPart() ? editor_->accessibleName() + u", "_s + part : part;
     }
     void setText(QAccessible::Text, const QString&) override { }
 
     QRect rect() const override { return parent() ? parent()->rect() : QRect(); }
-    QAccessible::Role role() const override { return QAccessible::StaticText; }
+    QAccessible::Role role() const override { return QAccessible::ListItem; }
     QAccessible::State state() const override
     {
         QAccessible::State state;
@@ -66,7 +69,7 @@ public:
     }
 
 private:
-    QPointer<QDateTimeEdit> editor_;
+    QPointer<DateEditor> editor_;
     int index_;
 };
 

@@ -76,6 +76,7 @@ void SessionSummaryCard::setSession(const SessionSummary& session)
     QStringList told;
     for (const Fact& fact : facts) {
         lines_ += new SymbolLine(fact.icon, fact.text);
+        lines_.last()->setSpokenText(fact.text + u',');
         told += fact.text;
     }
     arrangeFacts();

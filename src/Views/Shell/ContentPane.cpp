@@ -1,6 +1,5 @@
 #include "Shell/ContentPane.h"
 
-#include "Accessibility.h"
 #include "Paint.h"
 #include "Palette.h"
 #include "PaneKeys.h"
@@ -8,10 +7,7 @@
 #include <QPainter>
 #include <QStyle>
 
-ContentPane::ContentPane(QWidget* parent) : QWidget(parent)
-{
-    Accessibility::setRole(this, QAccessible::Section);
-}
+ContentPane::ContentPane(QWidget* parent) : QWidget(parent) { }
 
 /// The focus goes from one screen to the other and touches nothing between them, which would be told.
 void ContentPane::setScreen(QWidget* screen)
@@ -22,20 +18,10 @@ void ContentPane::setScreen(QWidget* screen)
     screen_->show();
     if (!before)
         return;
-    if (const auto focus = PaneKeys::focusWithin(before)) {
-        tellTitle();
+    if (const auto focus = PaneKeys::focusWithin(before))
         PaneKeys::enter(screen_, *focus);
-    }
     before->hide();
     before->deleteLater();
-}
-
-/// A screen reader tells what surrounds a control only to those who come from another one, and that one has
-/// gone. So it is led here first.
-void ContentPane::tellTitle()
-{
-    QAccessibleEvent event(this, QAccessible::Focus);
-    QAccessible::updateAccessibility(&event);
 }
 
 void ContentPane::paintEvent(QPaintEvent*)

@@ -4,8 +4,7 @@
 
 #include <QWidget>
 
-/// The area beside the sidebar: the content background with its one round corner, and the screen on it, whose
-/// title is its accessible name.
+/// The area beside the sidebar: the content background with its one round corner, and the screen on it.
 class ContentPane : public QWidget
 {
     Q_OBJECT
@@ -26,7 +25,6 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void tellTitle();
     void placeScreen();
 
     QWidget* screen_ = nullptr;
