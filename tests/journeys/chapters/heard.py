@@ -23,6 +23,8 @@ def from_end_to_end(stage):
     with Reader(stage.tray.desktop) as reader:
         try:
             reader.wait_for(f"{stage.client.wait_for_window().name} frame.")
+            with Focus() as focus:
+                _step(reader, focus)
             _as_client(stage, reader)
             staff.sign_out(stage)
             _as_office(stage, reader)
@@ -76,9 +78,9 @@ def _send_message(stage, reader):
     wait_for(lambda: stage.screen.wait("text", "New Message").text == MESSAGE, "the message to be written")
     hands.press("ctrl+Return")
     wait_for(lambda: stage.screen.wait("text", "New Message").text == "", "the message to be sent")
+    reader.forget()
     hands.press("shift+Tab")
-    reader.wait_for(MESSAGE)
-    reader.wait_for_anything()
+    reader.wait_for("Messages.", MESSAGE)
 
 
 def _upload(stage, reader):
@@ -131,12 +133,17 @@ def _tab_to(reader, name):
     """Every stop on the way is told by its name."""
     with Focus() as focus:
         for _ in range(MOST_STOPS):
-            hands.press("Tab")
-            stop = focus.wait_for_move()
-            reader.wait_for(stop)
-            if stop == name:
+            if _step(reader, focus) == name:
                 return
     raise AssertionError(f'No stop of {MOST_STOPS} is "{name}".')
+
+
+def _step(reader, focus):
+    """Returns the name of the next stop, once it was said."""
+    hands.press("Tab")
+    stop = focus.wait_for_move()
+    reader.wait_for(stop)
+    return stop
 
 
 def _expect_no_password(reader):
