@@ -51,6 +51,9 @@ class Focus:
         self._names = []
         self._listener = Atspi.EventListener.new(self._hear)
         self._listener.register(FOCUSED)
+        # Of moves before this one.
+        _take_in()
+        self._names.clear()
         return self
 
     def __exit__(self, *_):

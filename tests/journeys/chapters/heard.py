@@ -90,6 +90,8 @@ def _upload(stage, reader):
     stage.person.press_button(conversation.UPLOAD)
     stage.screen.wait_reads("Upload complete.")
     reader.wait_for("percent")
+    stage.person.click("text", conversation.EDITOR)
+    reader.wait_for("New Message text.")
 
 
 def _walk_booking(reader):
@@ -110,7 +112,7 @@ def _walk_booking(reader):
 
 def _hear_sidebar(stage, reader):
     hands.press("F6")
-    reader.wait_for("Main.", "Book Remote Notary.", "2 of 3", "selected.")
+    reader.wait_for("Main.", "List with 3 items.")
     hands.press("ctrl+shift+s")
     reader.wait_for("Sessions.", "3 of 3", "selected.")
     hands.press("ctrl+shift+b")
