@@ -1,5 +1,6 @@
 #include "AccessibleEvents.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
 #include <QDateTimeEdit>
@@ -87,10 +88,19 @@ bool isWorkedIn(const QObject* object)
         && !qobject_cast<const QDateTimeEdit*>(object);
 }
 
+/// As a list does whose rows are loaded and one of them selected, wherever the person is.
+bool onlyClaimsFocus(const QObject* object)
+{
+    const auto* list = qobject_cast<const QAbstractItemView*>(object);
+    return list && !list->hasFocus() && list->window()->windowType() != Qt::Popup;
+}
+
 void hear(QAccessibleEvent* event)
 {
     switch (event->type()) {
     case QAccessible::Focus:
+        if (onlyClaimsFocus(event->object()))
+            return;
         // Told even of a widget whose focus has just been taken away.
         focused() = event->object() == QApplication::focusWidget() ? event->object() : nullptr;
         return tell(event);

@@ -7,6 +7,7 @@ class QWidget;
 /// - where caret and selection of a field are before it tells that the field has the focus, and again when
 ///   the focus has left it. A screen reader takes the one for a field that it knows already, and says the
 ///   other before the next field's name;
+/// - a row that is selected in a list as if it had the focus, wherever that is;
 /// - the selection of a date field, which stands for the part that is being changed (DateEditor tells that).
 namespace AccessibleEvents {
 

@@ -10,7 +10,9 @@
 
 #include <QClipboard>
 #include <QLineEdit>
+#include <QListView>
 #include <QPlainTextEdit>
+#include <QStringListModel>
 
 using namespace Qt::StringLiterals;
 
@@ -110,8 +112,8 @@ TEST_F(AccessibleEventsTest, ASecretCannotBeAskedForEither)
     int start = 0;
     int end = 0;
     QString answers = text->text(0, text->characterCount()) + told->text(QAccessible::Value);
-    for (const auto boundary : {QAccessible::CharBoundary, QAccessible::WordBoundary, QAccessible::LineBoundary,
-             QAccessible::NoBoundary}) {
+    for (const auto boundary : {QAccessible::CharBoundary, QAccessible::WordBoundary,
+             QAccessible::LineBoundary, QAccessible::NoBoundary}) {
         answers += text->textAtOffset(1, boundary, &start, &end);
         answers += text->textBeforeOffset(3, boundary, &start, &end);
         answers += text->textAfterOffset(1, boundary, &start, &end);
@@ -211,6 +213,23 @@ TEST_F(AccessibleEventsTest, TheCaretIsToldToWhoeverMovesIt)
     EXPECT_FALSE(heardOf(QAccessible::TextSelectionChanged).isEmpty());
 }
 
+TEST_F(AccessibleEventsTest, AListTellsARowAsFocusedOnlyWhereItHasTheFocus)
+{
+    QStringListModel rows({u"Priya"_s, u"Zoë"_s});
+    auto* list = new QListView;
+    auto* field = new TextField(u"Email"_s);
+    list->setModel(&rows);
+    show({field, list});
+    field->lineEdit()->setFocus();
+    heard().clear();
+    list->setCurrentIndex(rows.index(0));
+    EXPECT_EQ(focused(), QStringList());
+    list->setFocus();
+    heard().clear();
+    list->setCurrentIndex(rows.index(1));
+    EXPECT_EQ(focused(), QStringList{u"Zoë"_s});
+}
+
 TEST_F(AccessibleEventsTest, AnEntryTellsThatItIsSelected)
 {
     SidebarEntry entry(u"Sessions"_s, u"power"_s);
@@ -232,7 +251,8 @@ protected:
     {
         date->setValue({2026, 11, 30});
         time->setValue(QDateTime({2026, 11, 30}, {16, 58}));
-        show({new LabeledField(u"ID Expiration"_s, date), new LabeledField(u"Preferred Date & Time"_s, time)});
+        show(
+            {new LabeledField(u"ID Expiration"_s, date), new LabeledField(u"Preferred Date & Time"_s, time)});
         heard().clear();
     }
 
@@ -253,8 +273,8 @@ TEST_F(AccessibleDates, TheFieldAndThenEachPartTellTheirNames)
         settle();
     }
     EXPECT_EQ(focused(),
-        (QStringList{u"Preferred Date & Time"_s, u"Preferred Date & Time, month, November"_s, u"day, 30"_s, u"year, 2026"_s,
-            u"hour, 4"_s, u"minute, 58"_s, u"half, PM"_s}));
+        (QStringList{u"Preferred Date & Time"_s, u"Preferred Date & Time, month, November"_s, u"day, 30"_s,
+            u"year, 2026"_s, u"hour, 4"_s, u"minute, 58"_s, u"half, PM"_s}));
 }
 
 TEST_F(AccessibleDates, AChangeTellsTheWholeDate)

@@ -115,8 +115,8 @@ void MainWindow::showScreen()
 {
     setWindowTitle(model_.windowTitle());
     QWidget* screen = makeScreen();
-    // By its name a screen reader tells whoever is led into it, by a shortcut or a sign-in, where they are; in
-    // this role without reading out all of its texts.
+    // By its name a screen reader tells whoever is led into it, by a shortcut or a sign-in, where they are;
+    // in this role without reading out all of its texts.
     Accessibility::setRole(screen, QAccessible::LayeredPane);
     screen->setAccessibleName(model_.windowTitle());
     content_->setScreen(screen);

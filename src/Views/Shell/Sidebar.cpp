@@ -40,9 +40,8 @@ Sidebar::Sidebar(MainWindowModel& model, QWidget* parent)
 /// is selected, by a shortcut, goes along and hears of it; nobody else loses their place.
 void Sidebar::update()
 {
-    const bool isAmongEntries = std::ranges::any_of(entries_, [](const auto& listed) {
-        return listed.second->hasFocus();
-    });
+    const bool isAmongEntries
+        = std::ranges::any_of(entries_, [](const auto& listed) { return listed.second->hasFocus(); });
     if (shownFor_ != audience())
         rebuild();
     for (const auto& [section, entry] : entries_) {
