@@ -139,8 +139,9 @@ TEST_P(ScenesAccessible, TheEntriesOfTheSidebarAreListsWithNames)
         EXPECT_EQ(list->role(), QAccessible::List);
         EXPECT_FALSE(list->text(QAccessible::Name).isEmpty());
         EXPECT_GE(list->indexOfChild(told), 0);
-        if (told->state().selected)
+        if (told->state().selected) {
             EXPECT_EQ(told->text(QAccessible::Name), title(model.selectedSection()));
+        }
     }
 }
 
