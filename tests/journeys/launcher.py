@@ -1,5 +1,5 @@
-"""The part of a desktop from which people start programs, in a window of its own: whatever key is pressed in it, it asks
-the compositor for the permission that the program which it starts may come to the front, and prints that."""
+"""The part of a desktop from which people start programs, in a window of its own: whatever key is pressed in it, it
+asks the compositor for the permission that the program which it starts may come to the front, and prints that."""
 
 import sys
 

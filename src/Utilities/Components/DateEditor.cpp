@@ -38,9 +38,6 @@ DateEditor::DateEditor(Kind kind, QWidget* parent) : QDateTimeEdit(parent), kind
     lineEdit()->installEventFilter(this);
 
     DateEditorAccessible::install();
-    // By the name that it has otherwise Qt knows the line of a spin box and keeps it from assistive
-    // technology.
-    lineEdit()->setObjectName(u"date"_s);
     // The part that is selected, once it is settled which that is.
     connect(lineEdit(), &QLineEdit::selectionChanged, this, &DateEditor::tellPart, Qt::QueuedConnection);
     connect(this, &QDateTimeEdit::dateTimeChanged, this, &DateEditor::tellWhole);

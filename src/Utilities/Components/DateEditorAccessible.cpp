@@ -73,7 +73,9 @@ private:
     int index_;
 };
 
-class AccessibleDateEditor : public QAccessibleWidget, public QAccessibleValueInterface
+class AccessibleDateEditor : public QAccessibleWidget,
+                             public QAccessibleValueInterface,
+                             public QAccessibleTextInterface
 {
 public:
     explicit AccessibleDateEditor(DateEditor* editor) : QAccessibleWidget(editor, QAccessible::SpinBox)
@@ -103,8 +105,8 @@ public:
     {
         if (type == QAccessible::ValueInterface)
             return static_cast<QAccessibleValueInterface*>(this);
-        if (type == QAccessible::TextInterface || type == QAccessible::EditableTextInterface)
-            return QAccessible::queryAccessibleInterface(editor()->line())->interface_cast(type);
+        if (type == QAccessible::TextInterface)
+            return static_cast<QAccessibleTextInterface*>(this);
         return QAccessibleWidget::interface_cast(type);
     }
 
@@ -117,6 +119,29 @@ public:
     QVariant minimumValue() const override { return editor()->minimumDateTime().toSecsSinceEpoch(); }
     QVariant minimumStepSize() const override { return 1; }
 
+    QString text(int start, int end) const override { return editor()->text().mid(start, end - start); }
+    int characterCount() const override { return int(editor()->text().size()); }
+    int cursorPosition() const override { return line()->cursorPosition(); }
+    void setCursorPosition(int position) override { line()->setCursorPosition(position); }
+    int selectionCount() const override { return line()->hasSelectedText() ? 1 : 0; }
+    void selection(int, int* start, int* end) const override
+    {
+        *start = line()->hasSelectedText() ? line()->selectionStart() : 0;
+        *end = line()->hasSelectedText() ? line()->selectionEnd() : 0;
+    }
+    void setSelection(int, int start, int end) override { line()->setSelection(start, end - start); }
+    void addSelection(int start, int end) override { setSelection(0, start, end); }
+    void removeSelection(int) override { line()->deselect(); }
+    QRect characterRect(int) const override { return rect(); }
+    int offsetAtPoint(const QPoint&) const override { return -1; }
+    void scrollToSubstring(int, int) override { }
+    QString attributes(int offset, int* start, int* end) const override
+    {
+        *start = offset;
+        *end = characterCount();
+        return {};
+    }
+
 protected:
     ~AccessibleDateEditor() override
     {
@@ -126,6 +151,7 @@ protected:
 
 private:
     DateEditor* editor() const { return static_cast<DateEditor*>(widget()); }
+    QLineEdit* line() const { return editor()->line(); }
 
     QList<QAccessible::Id> parts_;
 };

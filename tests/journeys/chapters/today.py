@@ -1,5 +1,5 @@
-"""The program on a desktop of today's kind, by keyboard alone: a sign-in, a booking with its popups, the way back to the
-window, the item in the tray."""
+"""The program on a desktop of today's kind, by keyboard alone: a sign-in, a booking with its popups, the way back to
+the window, the item in the tray."""
 
 from chapters import leaving
 from chapters.trays import menu_of
