@@ -37,7 +37,7 @@ def from_end_to_end(stage):
 
 def _as_client(stage, reader):
     _sign_in(reader, DEMO_CLIENT)
-    reader.wait_for("Sessions", "List with")
+    reader.wait_for("Sessions", "Search name, signer")
     _hear_session(stage, reader)
     _send_message(stage, reader)
     _upload(stage, reader)
@@ -121,8 +121,10 @@ def _hear_sidebar(stage, reader):
 
 
 def _as_office(stage, reader):
+    with Focus() as focus:
+        _step(reader, focus)
     _sign_in(reader, DEMO_ADMIN)
-    reader.wait_for("Sessions", "List with")
+    reader.wait_for("Sessions", "Search name, signer")
     stage.open("Records")
     reader.wait_for("Records.", "selected.")
     stage.person.click_on(wait_for(lambda: stage.rows("Records"), "the records")[0])
