@@ -126,7 +126,6 @@ def _as_office(stage, reader):
     _sign_in(reader, DEMO_ADMIN)
     reader.wait_for("Sessions", "Search name, signer")
     stage.open("Records")
-    reader.wait_for("Records.", "selected.")
     stage.person.click_on(wait_for(lambda: stage.rows("Records"), "the records")[0])
     stage.screen.wait("panel", records.PANE)
     hands.press("F6")
