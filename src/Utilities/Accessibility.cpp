@@ -1,9 +1,13 @@
 #include "Accessibility.h"
 
+#include "AccessibleEvents.h"
+
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAccessibleWidget>
 #include <QComboBox>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -25,7 +29,11 @@ public:
     {
         if (kind == QAccessible::Value)
             return widget()->property(valueProperty).toString();
-        return QAccessibleWidget::text(kind);
+        const QString text = QAccessibleWidget::text(kind);
+        // Qt 6.4 tells nobody that an entry can be selected, and a screen reader then leaves out that it is.
+        if (kind == QAccessible::Description && text.isEmpty() && state().selected)
+            return u"selected"_s;
+        return text;
     }
 
     QAccessible::State state() const override
@@ -133,8 +141,8 @@ namespace Accessibility {
 
 void install()
 {
-    static const bool installed = (QAccessible::installFactory(makeInterface), true);
-    Q_UNUSED(installed)
+    QAccessible::installFactory(makeInterface);
+    AccessibleEvents::install();
 }
 
 void setRole(QWidget* widget, QAccessible::Role role)

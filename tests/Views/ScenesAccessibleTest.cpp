@@ -2,8 +2,13 @@
 #include "Components/Card.h"
 #include "Components/LabeledField.h"
 #include "Components/LoadingLine.h"
+#include "Components/PlainLabel.h"
+#include "Components/SidebarEntry.h"
 #include "Components/Stepper.h"
+#include "Components/SymbolLine.h"
 #include "Screens/Cases.h"
+#include "Sessions/SessionSummaryCard.h"
+#include "Shell/ContentPane.h"
 #include "WholeWindowTest.h"
 
 #include <functional>
@@ -117,6 +122,29 @@ TEST_P(ScenesAccessible, AFieldIsRelatedToItsCaption)
     }
 }
 
+TEST_P(ScenesAccessible, TheScreenIsNamedByItsTitle)
+{
+    open(GetParam());
+    const auto* screen = QAccessible::queryAccessibleInterface(window->findChild<ContentPane*>()->screen());
+    EXPECT_EQ(screen->role(), QAccessible::LayeredPane);
+    EXPECT_EQ(screen->text(QAccessible::Name), window->windowTitle());
+}
+
+TEST_P(ScenesAccessible, TheEntriesOfTheSidebarAreListsWithNames)
+{
+    open(GetParam());
+    for (const SidebarEntry* entry : window->findChildren<SidebarEntry*>()) {
+        QAccessibleInterface* told = QAccessible::queryAccessibleInterface(const_cast<SidebarEntry*>(entry));
+        QAccessibleInterface* list = told->parent();
+        EXPECT_EQ(list->role(), QAccessible::List);
+        EXPECT_FALSE(list->text(QAccessible::Name).isEmpty());
+        EXPECT_GE(list->indexOfChild(told), 0);
+        if (told->state().selected) {
+            EXPECT_EQ(told->text(QAccessible::Name), title(model.selectedSection()));
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Screens, ScenesAccessible, testing::ValuesIn(allScenes()), ByName());
 
 TEST_F(WholeWindowTest, WhatASessionIsMadeOfAreGroupsWithNames)
@@ -130,6 +158,32 @@ TEST_F(WholeWindowTest, WhatASessionIsMadeOfAreGroupsWithNames)
     }
     EXPECT_EQ(
         groups, QStringList({u"Session"_s, u"Admin Controls"_s, u"Messages"_s, u"Session Documents"_s}));
+}
+
+TEST_F(WholeWindowTest, TheFactsOfASessionAreToldWithCommas)
+{
+    open({"", AppRole::client, AppSection::sessions, 0});
+    QAccessibleInterface* session
+        = QAccessible::queryAccessibleInterface(window->findChild<SessionSummaryCard*>());
+    const QString told = session->text(QAccessible::Description);
+    EXPECT_GE(told.count(u", "_s), 1) << told.toStdString();
+    for (const SymbolLine* fact : session->object()->findChildren<SymbolLine*>()) {
+        const QString heard = fact->findChild<PlainLabel*>()->accessibleName();
+        if (!heard.isEmpty()) {
+            EXPECT_TRUE(heard.endsWith(u','));
+            EXPECT_TRUE(told.contains(heard.chopped(1))) << heard.toStdString();
+        }
+    }
+}
+
+TEST_F(WholeWindowTest, WhoeverIsAmongTheEntriesGoesAlongWithAShortcut)
+{
+    open({"", std::nullopt, AppSection::dashboard});
+    window->findChild<SidebarEntry*>()->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(window.get(), Qt::Key_Comma, Qt::ControlModifier);
+    settle();
+    ASSERT_EQ(model.selectedSection(), AppSection::settings);
+    EXPECT_TRUE(named<SidebarEntry>(*window, u"Settings"_s)->hasFocus());
 }
 
 TEST_F(WholeWindowTest, AFieldThatCameLaterIsStillOneControl)

@@ -252,11 +252,11 @@ TEST_F(ScenesKeyboardPanes, F6GoesFromPaneToPaneAndBackToWhereTheFocusWas)
     const QString inDetail = focused();
     EXPECT_EQ(inDetail, u"Cancel Session"_s);
     press(Qt::Key_F6);
-    EXPECT_EQ(focused(), u"Dashboard"_s);
+    EXPECT_EQ(focused(), u"Sessions"_s);
     press(Qt::Key_F6);
     EXPECT_TRUE(search->hasFocus());
     press(Qt::Key_F6, Qt::ShiftModifier);
-    EXPECT_EQ(focused(), u"Dashboard"_s);
+    EXPECT_EQ(focused(), u"Sessions"_s);
     press(Qt::Key_F6, Qt::ShiftModifier);
     EXPECT_EQ(focused(), inDetail);
 }
@@ -266,7 +266,7 @@ TEST_F(ScenesKeyboardPanes, F6PassesOverAPaneInWhichNothingTakesTheFocus)
     open({"Users", AppRole::admin, AppSection::adminUsers});
     window->findChild<SearchField*>()->setFocus();
     press(Qt::Key_F6);
-    EXPECT_EQ(focused(), u"Dashboard"_s);
+    EXPECT_EQ(focused(), u"Users"_s);
     press(Qt::Key_F6);
     EXPECT_TRUE(window->findChild<SearchField*>()->hasFocus());
 }

@@ -66,11 +66,13 @@ class Client:
         hands.resize_active_window(width, height)
         wait_for(lambda: self.window[2:] == (width, height), f"a window of {width} by {height}")
 
-    def start_again(self, *arguments):
-        """A second start on the same desktop. Returns its exit code once it has ended."""
+    def start_again(self, *arguments, permission=None):
+        """A second start on the same desktop, with its permission to come to the front where that needs one. Returns
+        its exit code once it has ended."""
+        permitted = {"XDG_ACTIVATION_TOKEN": permission} if permission else {}
         with self._log.open("ab") as log:
-            return subprocess.run([self._program, *arguments], env=self._environment, stdout=log, stderr=log,
-                                  timeout=30, check=False).returncode
+            return subprocess.run([self._program, *arguments], env=self._environment | permitted, stdout=log,
+                                  stderr=log, timeout=30, check=False).returncode
 
     def is_running(self):
         return self.process.poll() is None

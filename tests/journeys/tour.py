@@ -11,8 +11,8 @@ from pathlib import Path
 
 from accessibility import Inspector
 from bridge import Bridge, NoWayToBridge
-from chapters import (booking, business, conversation, desktops, glimpses, leaving, looks, notary, office, people,
-                      records, sessions, settings, signing_in, staff, trays)
+from chapters import (booking, business, conversation, desktops, glimpses, heard, leaving, looks, notary, office,
+                      people, records, sessions, settings, signing_in, staff, today, trays)
 from client import Client, Conditions
 from display import Desktop
 from pictures import Album
@@ -119,11 +119,13 @@ class Journey:
             ("light, whatever the desktop is", looks.choose_light),
             ("a section that is closed, light", glimpses.restricted),
             ("signing out again", staff.sign_out),
+            ("what somebody hears without a screen", heard.from_end_to_end),
             ("a new account", signing_in.new_account),
             ("a profile is saved", settings.save_profile),
             ("another password", settings.change_password),
             ("a start with the desktop", settings.start_with_desktop),
             ("quitting", leaving.quit_from_tray),
+            ("a desktop of today's kind", partial(today.by_keyboard, start=self._start)),
             ("nothing else was written", leaving.expect_tidy_home),
             ("nothing was told", leaving.expect_discreet),
         ]

@@ -1,12 +1,14 @@
 #include "DateEditor.h"
 
 #include "CalendarPopup.h"
+#include "DateEditorAccessible.h"
 #include "Paint.h"
 #include "Palette.h"
 #include "PlainText.h"
 #include "Spacing.h"
 #include "Symbols.h"
 
+#include <QAccessible>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -36,6 +38,11 @@ DateEditor::DateEditor(Kind kind, QWidget* parent) : QDateTimeEdit(parent), kind
     setFont(Type::font(Type::body));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     lineEdit()->installEventFilter(this);
+
+    DateEditorAccessible::install();
+    // The part that is selected, once it is settled which that is.
+    connect(lineEdit(), &QLineEdit::selectionChanged, this, &DateEditor::tellPart, Qt::QueuedConnection);
+    connect(this, &QDateTimeEdit::dateTimeChanged, this, &DateEditor::tellWhole);
 }
 
 QSize DateEditor::sizeHint() const
@@ -117,6 +124,37 @@ bool DateEditor::eventFilter(QObject* watched, QEvent* event)
     if (watched == lineEdit() && changesLook)
         update();
     return QDateTimeEdit::eventFilter(watched, event);
+}
+
+void DateEditor::focusOutEvent(QFocusEvent* event)
+{
+    QDateTimeEdit::focusOutEvent(event);
+    toldPart_ = noPart;
+    entryPart_ = noPart;
+}
+
+/// As if each part were a control: a screen reader says the name of whatever gets the focus, and says nothing
+/// of a name that changes.
+void DateEditor::tellPart()
+{
+    const int part = currentSectionIndex();
+    if (!hasFocus() || part == toldPart_)
+        return;
+    entryPart_ = toldPart_ == noPart ? part : noPart;
+    toldPart_ = part;
+    isAtPart_ = true;
+    QAccessibleEvent event(this, QAccessible::Focus);
+    event.setChild(part);
+    QAccessible::updateAccessibility(&event);
+}
+
+/// A change of its value is told only of a control that has the focus.
+void DateEditor::tellWhole()
+{
+    if (!hasFocus() || !std::exchange(isAtPart_, false))
+        return;
+    QAccessibleEvent event(this, QAccessible::Focus);
+    QAccessible::updateAccessibility(&event);
 }
 
 void DateEditor::paintEvent(QPaintEvent*)

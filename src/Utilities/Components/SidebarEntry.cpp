@@ -66,9 +66,7 @@ void SidebarEntry::focusInEvent(QFocusEvent* event)
 
 void SidebarEntry::checkStateSet()
 {
-    QAccessible::State changed;
-    changed.selected = true;
-    QAccessibleStateChangeEvent event(this, changed);
+    QAccessibleEvent event(this, isChecked() ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
     QAccessible::updateAccessibility(&event);
 }
 

@@ -24,6 +24,11 @@ void SymbolLine::setText(const QString& text)
     text_->setText(text);
 }
 
+void SymbolLine::setSpokenText(const QString& text)
+{
+    text_->setAccessibleName(text);
+}
+
 void SymbolLine::setSystemImage(const QString& symbol)
 {
     symbol_->setSystemImage(symbol);

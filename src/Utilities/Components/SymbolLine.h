@@ -17,6 +17,8 @@ public:
     SymbolLine(const QString& systemImage, const QString& text, QWidget* parent = nullptr);
 
     void setText(const QString& text);
+    /// Where it is heard with others, for example with a comma behind it.
+    void setSpokenText(const QString& text);
     void setSystemImage(const QString& symbol);
 
 private:

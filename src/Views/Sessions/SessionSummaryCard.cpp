@@ -73,13 +73,21 @@ void SessionSummaryCard::setSession(const SessionSummary& session)
     facts.removeIf([](const Fact& fact) { return fact.text.isEmpty(); });
     Layouts::clear(facts_);
     lines_.clear();
-    for (const Fact& fact : facts)
+    QStringList told;
+    for (const Fact& fact : facts) {
         lines_ += new SymbolLine(fact.icon, fact.text);
+        lines_.last()->setSpokenText(fact.text + u',');
+        told += fact.text;
+    }
     arrangeFacts();
 
     const QString notary = session.raw.string(u"assigned_notary_name"_s);
-    notary_->setText(u"Assigned Notary: "_s + notary);
+    const QString assigned = u"Assigned Notary: "_s + notary;
+    notary_->setText(assigned);
     notary_->setVisible(!notary.isEmpty());
+    if (!notary.isEmpty())
+        told += assigned;
+    setAccessibleDescription(told.join(u", "_s));
     cancel_->setVisible(session.canCancel());
     lastRow_->setVisible(!notary.isEmpty() || session.canCancel());
 }

@@ -9,20 +9,19 @@
 
 ContentPane::ContentPane(QWidget* parent) : QWidget(parent) { }
 
+/// The focus goes from one screen to the other and touches nothing between them, which would be told.
 void ContentPane::setScreen(QWidget* screen)
 {
-    std::optional<Qt::FocusReason> focus;
-    if (screen_) {
-        focus = PaneKeys::focusWithin(screen_);
-        screen_->hide();
-        screen_->deleteLater();
-    }
-    screen_ = screen;
+    QWidget* before = std::exchange(screen_, screen);
     screen_->setParent(this);
     placeScreen();
     screen_->show();
-    if (focus)
+    if (!before)
+        return;
+    if (const auto focus = PaneKeys::focusWithin(before))
         PaneKeys::enter(screen_, *focus);
+    before->hide();
+    before->deleteLater();
 }
 
 void ContentPane::paintEvent(QPaintEvent*)

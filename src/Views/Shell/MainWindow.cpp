@@ -1,5 +1,6 @@
 #include "Shell/MainWindow.h"
 
+#include "Accessibility.h"
 #include "Account/LoginView.h"
 #include "Account/SettingsContentView.h"
 #include "Admin/AdminNotariesView.h"
@@ -120,7 +121,12 @@ void MainWindow::fitSidebar()
 void MainWindow::showScreen()
 {
     setWindowTitle(model_.windowTitle());
-    content_->setScreen(makeScreen());
+    QWidget* screen = makeScreen();
+    // By its name a screen reader tells whoever is led into it, by a shortcut or a sign-in, where they are;
+    // in this role without reading out all of its texts.
+    Accessibility::setRole(screen, QAccessible::LayeredPane);
+    screen->setAccessibleName(model_.windowTitle());
+    content_->setScreen(screen);
 }
 
 QWidget* MainWindow::makeScreen()

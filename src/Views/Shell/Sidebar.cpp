@@ -34,7 +34,7 @@ constexpr int betweenGroups = 8;
 
 Sidebar::Sidebar(MainWindowModel& model, QWidget* parent)
     : QWidget(parent), model_(model), pinned_(Layouts::column(0)), column_(Layouts::column(0)),
-      page_(new ScrollPage(Layouts::holding(column_)))
+      page_(new ScrollPage(Layouts::holding(column_))), shownSection_(model.selectedSection())
 {
     pinned_->setContentsMargins(outerMargin, outerMargin, outerMargin, 0);
     column_->setContentsMargins(outerMargin, 0, outerMargin, outerMargin);
@@ -46,10 +46,12 @@ Sidebar::Sidebar(MainWindowModel& model, QWidget* parent)
     rebuild();
 }
 
-/// Selection changes often and must keep the keyboard focus where it is; only other people or other roles
-/// change what there is to select.
+/// Only other people or other roles change what there is to select. Whoever is among the entries when another
+/// is selected, by a shortcut, goes along and hears of it; nobody else loses their place.
 void Sidebar::update()
 {
+    const bool isAmongEntries
+        = std::ranges::any_of(entries_, [](const auto& listed) { return listed.second->hasFocus(); });
     if (shownFor_ != audience())
         rebuild();
     for (const auto& [section, entry] : entries_) {
@@ -57,6 +59,9 @@ void Sidebar::update()
         if (entry->isChecked())
             page_->ensureWidgetVisible(entry);
     }
+    const AppSection before = std::exchange(shownSection_, model_.selectedSection());
+    if (isAmongEntries && before != shownSection_)
+        focusSelected();
     // A role that was chosen and not switched to after all.
     if (rolePicker_)
         rolePicker_->setValue(rawValue(model_.context().auth.role()));
@@ -217,7 +222,10 @@ void Sidebar::addGroup(const MainWindowModel::Group& group)
         entries->addWidget(entry);
         entries_ += {section, entry};
     }
-    column_->addLayout(entries);
+    auto* list = Layouts::holding(entries);
+    Accessibility::setRole(list, QAccessible::List);
+    list->setAccessibleName(group.title);
+    column_->addWidget(list);
 }
 
 /// A rail has no room for words: a line parts its groups.

@@ -61,6 +61,7 @@ private:
     QVBoxLayout* column_; ///< what does
     ScrollPage* page_;
     Audience shownFor_;
+    AppSection shownSection_;
     QList<std::pair<AppSection, SidebarEntry*>> entries_;
     QPointer<ComboBox> rolePicker_;
     bool folded_ = false;

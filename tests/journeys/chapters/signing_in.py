@@ -3,6 +3,7 @@
 import re
 
 from expectations import expect, expect_equal
+from hearing import Eavesdropper
 from passwords import ALL_PASSWORDS, DEMO_PASSWORD, NEW_PASSWORD, WRONG_PASSWORD
 from stage import DEMO_CLIENT
 from waiting import wait_for
@@ -42,7 +43,11 @@ def gate(stage):
 
 
 def wrong_password(stage):
-    stage.sign_in(DEMO_CLIENT, WRONG_PASSWORD)
+    with Eavesdropper() as ears:
+        stage.sign_in(DEMO_CLIENT, WRONG_PASSWORD)
+        ears.wait_for(len(DEMO_CLIENT + WRONG_PASSWORD))
+    told = "".join(ears.told)
+    expect(told.endswith("•" * len(WRONG_PASSWORD)), f'On the accessibility bus the password is "{told}".')
     stage.person.read_alert("Sign In Failed", "Incorrect email or password. Please try again.",
                             picture=lambda: stage.picture("alert"))
     expect_equal(stage.screen.wait("text", "Email").text, DEMO_CLIENT, "the address after a failed sign-in")
@@ -82,8 +87,7 @@ def new_account(stage):
 
 def sidebar(stage):
     """The titles of the sections on offer."""
-    sections = [node for node in stage.screen.find_all("list item") if node.parent.role != "list"]
-    return [section.name for section in sections]
+    return [entry.name for group in ("Main", "Workspaces", "Account") for entry in stage.rows(group)]
 
 
 def expect_remembered(stage, email):
