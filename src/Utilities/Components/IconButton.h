@@ -12,6 +12,7 @@ public:
     /// \param edge  of the symbol, at the design's text size
     IconButton(const QString& title, const QString& systemImage, int edge = 16, QWidget* parent = nullptr);
 
+    QString systemImage() const { return symbol_; }
     QSize sizeHint() const override;
 
 protected:
