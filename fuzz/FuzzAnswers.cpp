@@ -12,6 +12,8 @@
 #include "SessionMessage.h"
 #include "SessionSummary.h"
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -27,7 +29,9 @@ bool isBeyondIntegers(const JSONValue& value)
 {
     bool isNumber = false;
     const double number = value.isString() ? 0 : value.rendered().toDouble(&isNumber);
-    return isNumber && !(number >= -0x1p63 && number < 0x1p63);
+    // Of too many digits even for a double.
+    const bool isEndless = std::isinf(number);
+    return isEndless || (isNumber && !(number >= -0x1p63 && number < 0x1p63));
 }
 
 /// Whether some number, here or in an object inside, ends the program when it is read as an integer.

@@ -35,14 +35,21 @@ QByteArray contentsOf(const QString& path)
 
 AppConfig AppConfig::builtIn()
 {
-    const QUrl website = builtInAddress(QStringLiteral(QUORVEL_WEBSITE_URL));
+    return of(QStringLiteral(QUORVEL_WEBSITE_URL), QStringLiteral(QUORVEL_SECURE_TOKEN_URL),
+        QStringLiteral(QUORVEL_SUPPORT_EMAIL));
+}
+
+AppConfig AppConfig::of(
+    const QString& websiteAddress, const QString& tokenAddress, const QString& supportEmail)
+{
+    const QUrl website = builtInAddress(websiteAddress);
     QUrl bridge = website;
     bridge.setPath(u"/mobile-bridge/v1"_s);
     return {
         .websiteURL = website,
         .bridgeBaseURL = bridge,
-        .secureTokenURL = builtInAddress(QStringLiteral(QUORVEL_SECURE_TOKEN_URL)),
-        .supportEmail = QStringLiteral(QUORVEL_SUPPORT_EMAIL),
+        .secureTokenURL = builtInAddress(tokenAddress),
+        .supportEmail = supportEmail,
         .resourceFolder = QCoreApplication::applicationDirPath() + u"/../share/quorvel"_s,
     };
 }

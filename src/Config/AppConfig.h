@@ -17,9 +17,12 @@ struct AppConfig
     QString supportEmail;
     QString resourceFolder; ///< where the property list lies
 
-    /// What was given at build time; resources are looked up relative to the executable. A built-in address
-    /// that does not parse ends the program.
+    /// What was given at build time.
     static AppConfig builtIn();
+    /// The configuration of a service; resources are looked up relative to the executable. An address that
+    /// does not parse ends the program.
+    static AppConfig of(
+        const QString& websiteAddress, const QString& tokenAddress, const QString& supportEmail);
 
     /// A non-empty text of the property list "GoogleService-Info", read anew each time. A missing, unreadable
     /// or malformed list, or a value of another type, gives nothing.

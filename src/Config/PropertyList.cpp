@@ -4,6 +4,8 @@
 
 #include <plist/plist.h>
 
+#include <QStringDecoder>
+
 #include <memory>
 #include <type_traits>
 
@@ -15,15 +17,28 @@ struct Free
 };
 using Node = std::unique_ptr<std::remove_pointer_t<plist_t>, Free>;
 
+/// An XML list as the parser reads it: in UTF-8, without the mark at the beginning that tells so. Nothing
+/// when the bytes are not what they say they are.
+QByteArray withoutMark(const QByteArray& list)
+{
+    const auto encoding = QStringConverter::encodingForData(list, u'<');
+    if (!encoding)
+        return list;
+    QStringDecoder decode(*encoding);
+    const QString text = decode(list);
+    return decode.hasError() ? QByteArray() : text.toUtf8();
+}
+
 /// The parser reports no errors; what it cannot read is no node.
 Node parsed(const QByteArray& list)
 {
-    if (list.isEmpty() || list.size() > PropertyList::maximumSize)
+    if (list.size() > PropertyList::maximumSize)
         return {};
-    if (BinaryPropertyList::isBinary(list) && !BinaryPropertyList::isTree(list))
+    const QByteArray plain = withoutMark(list);
+    if (plain.isEmpty() || (BinaryPropertyList::isBinary(plain) && !BinaryPropertyList::isTree(plain)))
         return {};
     plist_t root = nullptr;
-    plist_from_memory(list.constData(), static_cast<uint32_t>(list.size()), &root);
+    plist_from_memory(plain.constData(), static_cast<uint32_t>(plain.size()), &root);
     return Node(root);
 }
 
@@ -33,6 +48,11 @@ bool has(plist_t node, plist_type type)
 }
 
 } // namespace
+
+bool PropertyList::isDictionary(const QByteArray& list)
+{
+    return has(parsed(list).get(), PLIST_DICT);
+}
 
 std::optional<QString> PropertyList::text(const QByteArray& list, const QString& key)
 {

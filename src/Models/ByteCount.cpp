@@ -9,23 +9,23 @@ namespace {
 struct Unit
 {
     quint64 bytes;
-    bool hasDecimal;
     QLatin1StringView name;
 };
 
 constexpr std::array units{
-    Unit{1'000, false, "KB"_L1},
-    Unit{1'000'000, true, "MB"_L1},
-    Unit{1'000'000'000, true, "GB"_L1},
-    Unit{1'000'000'000'000, true, "TB"_L1},
-    Unit{1'000'000'000'000'000, true, "PB"_L1},
-    Unit{1'000'000'000'000'000'000, true, "EB"_L1},
+    Unit{1'000, "KB"_L1},
+    Unit{1'000'000, "MB"_L1},
+    Unit{1'000'000'000, "GB"_L1},
+    Unit{1'000'000'000'000, "TB"_L1},
+    Unit{1'000'000'000'000'000, "PB"_L1},
+    Unit{1'000'000'000'000'000'000, "EB"_L1},
 };
 
-/// The count in steps of the unit's last shown digit, rounded half up.
-quint64 rounded(quint64 bytes, quint64 step)
+/// The count in tenths of the unit, rounded half up.
+quint64 tenthsOf(const Unit& unit, quint64 bytes)
 {
-    return (bytes + step / 2) / step;
+    const quint64 tenth = unit.bytes / 10;
+    return (bytes + tenth / 2) / tenth;
 }
 
 } // namespace
@@ -36,12 +36,11 @@ QString formattedByteCount(qint64 bytes)
     if (count < 1'000)
         return QString::number(count) + (count == 1 ? u" byte"_s : u" bytes"_s);
     for (const Unit& unit : units) {
-        const quint64 steps = rounded(count, unit.hasDecimal ? unit.bytes / 10 : unit.bytes);
-        const quint64 whole = unit.hasDecimal ? steps / 10 : steps;
+        const quint64 tenths = tenthsOf(unit, count);
+        const quint64 whole = tenths / 10;
         if (whole >= 1'000 && unit.bytes != units.back().bytes)
             continue; // also what rounding alone has made a thousand
-        const quint64 tenths = unit.hasDecimal ? steps % 10 : 0;
-        const QString fraction = tenths == 0 ? QString() : u'.' + QString::number(tenths);
+        const QString fraction = tenths % 10 == 0 ? QString() : u'.' + QString::number(tenths % 10);
         return QString::number(whole) + fraction + u' ' + unit.name;
     }
     Q_UNREACHABLE();

@@ -1,6 +1,7 @@
 #include "JSONObject.h"
 
 #include "JSONInteger.h"
+#include "JSONLongInteger.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -34,6 +35,18 @@ std::optional<qint64> decimal(const QString& text)
     return fits ? std::optional(number) : std::nullopt;
 }
 
+/// A text as received, or the digits of the number that it stands for.
+QString textOf(const QString& text)
+{
+    return JSONLongInteger::digitsOf(text).value_or(text);
+}
+
+/// The text of a list or an object.
+QString compactText(const QJsonDocument& document)
+{
+    return QString::fromUtf8(JSONLongInteger::unmarked(document.toJson(QJsonDocument::Compact)));
+}
+
 /// Whether a text, trimmed, says that there is nothing.
 bool saysNothing(const QString& trimmed)
 {
@@ -53,7 +66,7 @@ QString renderedNumber(const QJsonValue& value)
 std::optional<JSONValue> JSONValue::parse(const QByteArray& bytes)
 {
     QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
+    const QJsonDocument document = QJsonDocument::fromJson(JSONLongInteger::marked(bytes), &error);
     if (error.error != QJsonParseError::NoError)
         return {};
     if (document.isObject())
@@ -93,11 +106,21 @@ std::optional<QList<QString>> JSONValue::strings() const
     QList<QString> strings;
     strings.reserve(array.size());
     for (const QJsonValue element : array) {
-        if (!element.isString())
+        if (!JSONValue(element).isString())
             return {};
         strings.append(element.toString());
     }
     return strings;
+}
+
+bool JSONValue::isString() const
+{
+    return value_.isString() && !JSONLongInteger::digitsOf(value_.toString());
+}
+
+QString JSONValue::string() const
+{
+    return isString() ? value_.toString() : QString();
 }
 
 QString JSONValue::rendered() const
@@ -111,31 +134,35 @@ QString JSONValue::rendered() const
     case QJsonValue::Double:
         return renderedNumber(value_);
     case QJsonValue::String:
-        return value_.toString();
+        return textOf(value_.toString());
     case QJsonValue::Array:
-        return QString::fromUtf8(QJsonDocument(value_.toArray()).toJson(QJsonDocument::Compact));
+        return compactText(QJsonDocument(value_.toArray()));
     case QJsonValue::Object:
-        return QString::fromUtf8(QJsonDocument(value_.toObject()).toJson(QJsonDocument::Compact));
+        return compactText(QJsonDocument(value_.toObject()));
     }
     return {};
 }
 
 QString JSONObject::string(const QString& key, const QString& fallback) const
 {
-    const JSONValue found = value(key);
-    if (found.isNull())
+    const QJsonValue found = object_.value(key);
+    if (found.isNull() || found.isUndefined())
         return fallback;
-    const QString trimmed = found.rendered().trimmed();
+    const QString text = JSONValue(found).rendered();
+    const QString trimmed = text.trimmed();
     if (saysNothing(trimmed))
         return fallback;
-    return found.isString() ? found.string() : trimmed;
+    return found.isString() ? text : trimmed;
 }
 
 std::optional<qint64> JSONObject::intValue(const QString& key) const
 {
     const QJsonValue found = object_.value(key);
-    if (found.isString())
-        return decimal(found.toString());
+    if (found.isString()) {
+        const QString text = found.toString();
+        const auto digits = JSONLongInteger::digitsOf(text);
+        return digits ? truncated(digits->toDouble()) : decimal(text);
+    }
     if (!found.isDouble())
         return {};
     if (const auto number = integerOf(found))
@@ -147,8 +174,10 @@ bool JSONObject::boolValue(const QString& key) const
 {
     static const QList<QString> trueWords{u"1"_s, u"true"_s, u"yes"_s, u"on"_s};
     const QJsonValue found = object_.value(key);
-    if (found.isString())
-        return trueWords.contains(found.toString().toLower());
+    if (found.isString()) {
+        const QString text = found.toString();
+        return JSONLongInteger::digitsOf(text) || trueWords.contains(text.toLower());
+    }
     if (found.isDouble())
         return integerOf(found).value_or(0) != 0;
     return found.toBool();

@@ -22,18 +22,19 @@ public:
     static JSONValue emptyObject() { return JSONValue(QJsonObject()); }
 
     bool isNull() const { return value_.isNull() || value_.isUndefined(); }
-    bool isString() const { return value_.isString(); }
+    bool isString() const;
     bool isObject() const { return value_.isObject(); }
 
     /// The text of a string value as received; empty for every other type.
-    QString string() const { return value_.toString(); }
+    QString string() const;
     std::optional<JSONObject> object() const;
     /// The elements when the value is a list whose every element is an object; an empty list qualifies.
     std::optional<QList<JSONObject>> objects() const;
     /// The elements when the value is a list whose every element is a string.
     std::optional<QList<QString>> strings() const;
-    /// The value in its natural textual form: a string as it is, an integer as decimal digits, a fraction in
-    /// the shortest form that reads back the same, "true" or "false", a list or object as compact JSON.
+    /// The value in its natural textual form: a string as it is, an integer as decimal digits however
+    /// many, a fraction in the shortest form that reads back the same, "true" or "false", a list or object as
+    /// compact JSON.
     QString rendered() const;
 
 private:

@@ -18,11 +18,18 @@ bool isSessionExpired(const std::exception& error)
     return appError && appError->message() == Sentence::sessionEnded();
 }
 
+/// What an error says of itself; of a sentence that holds a NUL, all of it.
+static QString descriptionOf(const std::exception& error)
+{
+    const auto* appError = dynamic_cast<const AppError*>(&error);
+    return appError ? appError->message() : QString::fromUtf8(error.what());
+}
+
 QString naturalMessage(const std::exception& error)
 {
     if (isSessionExpired(error))
         return Sentence::sessionEnded();
-    const QString description = QString::fromUtf8(error.what());
+    const QString description = descriptionOf(error);
     const QString lowered = description.toLower();
     const auto speaksOf = [&lowered](std::initializer_list<QLatin1StringView> words) {
         return std::any_of(words.begin(), words.end(),

@@ -6,11 +6,15 @@
 void presentAlerts(
     QWidget* screen, QProperty<std::optional<AlertMessage>>& alert, std::function<void()> dismissed)
 {
-    follow(screen, alert, [screen, dismissed = std::move(dismissed)](const std::optional<AlertMessage>& now) {
+    auto show = [screen, &alert, dismissed = std::move(dismissed)](const std::optional<AlertMessage>& now) {
         if (!now)
             return;
-        AlertDialog* dialog = AlertDialog::present(screen, now->title, now->message);
-        // A dialog that is open already takes the new texts; it still is one dialog to dismiss.
-        QObject::connect(dialog, &QDialog::finished, screen, dismissed);
-    });
+        const AlertDialog* dialog = AlertDialog::present(screen, now->title, now->message);
+        QObject::connect(dialog, &QDialog::finished, screen, [&alert, shown = *now, dismissed] {
+            // A newer alert still waits to be read.
+            if (alert.value() == shown)
+                dismissed();
+        });
+    };
+    follow(screen, alert, std::move(show));
 }

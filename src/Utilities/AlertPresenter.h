@@ -9,8 +9,9 @@
 
 class QWidget;
 
-/// Shows a screen's alerts, one at a time, as modal dialogs over the screen's window: whenever the property
-/// holds a new alert, until the person dismisses it.
-/// \param dismissed  clears the property
+/// Shows a screen's alerts as modal dialogs over the screen's window: each that the property comes to hold,
+/// one after the other. So nobody misses the word that a change was saved because the load behind it failed.
+/// \param alert  lives as long as the screen
+/// \param dismissed  clears the property; called once the alert that it holds was dismissed
 void presentAlerts(
     QWidget* screen, QProperty<std::optional<AlertMessage>>& alert, std::function<void()> dismissed);

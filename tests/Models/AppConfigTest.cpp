@@ -39,6 +39,26 @@ TEST(AppConfig, FindsItsResourcesBesideTheProgram)
         QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../share/quorvel"_s));
 }
 
+TEST(AppConfig, KeepsNoPathOfAnAddress)
+{
+    const AppConfig config
+        = AppConfig::of(u"https://a.example/"_s, u"https://b.example/"_s, u"c@a.example"_s);
+    EXPECT_EQ(config.websiteURL, QUrl(u"https://a.example"_s));
+    EXPECT_EQ(config.bridgeBaseURL, QUrl(u"https://a.example/mobile-bridge/v1"_s));
+    EXPECT_EQ(config.secureTokenURL, QUrl(u"https://b.example"_s));
+    EXPECT_EQ(config.supportEmail, u"c@a.example"_s);
+}
+
+TEST(AppConfigDeathTest, EndsTheProgramForWhatIsNoAddress)
+{
+    const QString good = u"https://a.example"_s;
+    for (const QString& address :
+        {u""_s, u"a.example"_s, u"https://"_s, u"https://a b"_s, u"https://a:port"_s}) {
+        EXPECT_DEATH(AppConfig::of(address, good, {}), "is no address") << address.toStdString();
+        EXPECT_DEATH(AppConfig::of(good, address, {}), "is no address") << address.toStdString();
+    }
+}
+
 class PlistValue : public testing::Test
 {
 protected:

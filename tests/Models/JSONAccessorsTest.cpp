@@ -56,6 +56,27 @@ INSTANTIATE_TEST_SUITE_P(OtherTypes, StringAccessor,
         StringRow{{"EmptyObject"}, "{}", u"{}"_s}, StringRow{{"Object"}, R"({"a": 1})", uR"({"a":1})"_s}),
     RowName());
 
+INSTANTIATE_TEST_SUITE_P(LongIntegers, StringAccessor,
+    testing::Values(StringRow{{"Largest64Bit"}, "9223372036854775807", u"9223372036854775807"_s},
+        StringRow{{"Smallest64Bit"}, "-9223372036854775808", u"-9223372036854775808"_s},
+        StringRow{{"OneAbove"}, "9223372036854775808", u"9223372036854775808"_s},
+        StringRow{{"OneBelow"}, "-9223372036854775809", u"-9223372036854775809"_s},
+        StringRow{{"LargestUnsigned"}, "18446744073709551615", u"18446744073709551615"_s},
+        StringRow{{"Reference"}, "20260412000000012345", u"20260412000000012345"_s},
+        StringRow{{"BlanksAround"}, " \n20260412000000012345\t", u"20260412000000012345"_s},
+        StringRow{{"HundredDigits"}, QByteArray(100, '7'), QString(100, u'7')},
+        StringRow{{"BeyondAllDoubles"}, QByteArray(1'000, '7'), QString(1'000, u'7')},
+        StringRow{{"Nineteen"}, "1234567890123456789", u"1234567890123456789"_s},
+        StringRow{{"AsAText"}, R"("20260412000000012345")", u"20260412000000012345"_s},
+        StringRow{{"WithinAText"}, R"("a [20260412000000012345]")", u"a [20260412000000012345]"_s},
+        StringRow{{"BehindAQuote"}, R"("\":20260412000000012345,")", u"\":20260412000000012345,"_s},
+        StringRow{{"BehindABackslash"}, R"("\\")", u"\\"_s},
+        StringRow{{"FractionOfManyDigits"}, "1.20260412000000012345", u"1.2026041200000002"_s},
+        StringRow{{"IntegralFraction"}, "20260412000000012345.0", u"20260412000000012000"_s},
+        StringRow{{"Exponent"}, "20260412000000012345e0", u"20260412000000012000"_s},
+        StringRow{{"InAList"}, "[20260412000000012345]", u"[20260412000000012345]"_s}),
+    RowName());
+
 TEST(StringAccessorChain, FallsBackWhenTheKeyOrTheObjectIsMissing)
 {
     EXPECT_EQ(JSONObject().string(key, u"fallback"_s), u"fallback"_s);
@@ -106,6 +127,7 @@ INSTANTIATE_TEST_SUITE_P(Numbers, IntAccessor,
         IntRow{{"Largest"}, "9223372036854775807", largest},
         IntRow{{"Smallest"}, "-9223372036854775808", smallest},
         IntRow{{"SmallestAsFraction"}, "-9223372036854775808.0", smallest},
+        IntRow{{"RoundedToTheSmallest"}, "-9223372036854775809", smallest},
         IntRow{{"LargestDoubleInRange"}, "9.223372036854774784e18", 9223372036854774784}),
     RowName());
 
@@ -168,8 +190,10 @@ INSTANTIATE_TEST_SUITE_P(Numbers, IntAccessorDeathTest,
 
 TEST(IntAccessorDeathTest, EndsTheProgramForParsedNumbersToo)
 {
-    for (const char* json : {"9223372036854775808", "18446744073709551616", "-9.3e18", "1e300"})
-        EXPECT_DEATH(holding(json).intValue(key), "64-bit range") << json;
+    const QByteArray manyDigits(1'000, '7');
+    for (const QByteArray& json : {QByteArray("9223372036854775808"), QByteArray("18446744073709551616"),
+             manyDigits, QByteArray("-9.3e18"), QByteArray("1e300")})
+        EXPECT_DEATH(holding(json).intValue(key), "64-bit range") << json.constData();
 }
 
 struct BoolRow : Named
@@ -190,17 +214,17 @@ INSTANTIATE_TEST_SUITE_P(Values, BoolAccessor,
     testing::Values(BoolRow{{"True"}, "true", true}, BoolRow{{"False"}, "false", false},
         BoolRow{{"One"}, "1", true}, BoolRow{{"Two"}, "2", true}, BoolRow{{"MinusOne"}, "-1", true},
         BoolRow{{"Zero"}, "0", false}, BoolRow{{"NegativeZero"}, "-0", false},
-        BoolRow{{"Fraction"}, "2.5", false}, BoolRow{{"BeyondIntegers"}, "1e20", false},
-        BoolRow{{"TextOne"}, R"("1")", true}, BoolRow{{"TextTrue"}, R"("true")", true},
-        BoolRow{{"TextTrueInCapitals"}, R"("TRUE")", true}, BoolRow{{"TextYes"}, R"("Yes")", true},
-        BoolRow{{"TextYesMixed"}, R"("yEs")", true}, BoolRow{{"TextOn"}, R"("On")", true},
-        BoolRow{{"TextY"}, R"("y")", false}, BoolRow{{"TextT"}, R"("t")", false},
-        BoolRow{{"TextTwo"}, R"("2")", false}, BoolRow{{"TextZero"}, R"("0")", false},
-        BoolRow{{"TextOff"}, R"("off")", false}, BoolRow{{"TextFalse"}, R"("false")", false},
-        BoolRow{{"LeadingBlank"}, R"(" true")", false}, BoolRow{{"TrailingBlank"}, R"("1 ")", false},
-        BoolRow{{"PlusOne"}, R"("+1")", false}, BoolRow{{"EmptyText"}, R"("")", false},
-        BoolRow{{"Null"}, "null", false}, BoolRow{{"List"}, "[true]", false},
-        BoolRow{{"Object"}, R"({"v":true})", false}),
+        BoolRow{{"LongInteger"}, "20260412000000012345", true}, BoolRow{{"Fraction"}, "2.5", false},
+        BoolRow{{"BeyondIntegers"}, "1e20", false}, BoolRow{{"TextOne"}, R"("1")", true},
+        BoolRow{{"TextTrue"}, R"("true")", true}, BoolRow{{"TextTrueInCapitals"}, R"("TRUE")", true},
+        BoolRow{{"TextYes"}, R"("Yes")", true}, BoolRow{{"TextYesMixed"}, R"("yEs")", true},
+        BoolRow{{"TextOn"}, R"("On")", true}, BoolRow{{"TextY"}, R"("y")", false},
+        BoolRow{{"TextT"}, R"("t")", false}, BoolRow{{"TextTwo"}, R"("2")", false},
+        BoolRow{{"TextZero"}, R"("0")", false}, BoolRow{{"TextOff"}, R"("off")", false},
+        BoolRow{{"TextFalse"}, R"("false")", false}, BoolRow{{"LeadingBlank"}, R"(" true")", false},
+        BoolRow{{"TrailingBlank"}, R"("1 ")", false}, BoolRow{{"PlusOne"}, R"("+1")", false},
+        BoolRow{{"EmptyText"}, R"("")", false}, BoolRow{{"Null"}, "null", false},
+        BoolRow{{"List"}, "[true]", false}, BoolRow{{"Object"}, R"({"v":true})", false}),
     RowName());
 
 TEST(BoolAccessorAbsent, IsFalse)

@@ -74,6 +74,16 @@ RC_GTEST_PROP(JSONAccessors, CutFractionsTowardsZero, (double number))
     RC_ASSERT(static_cast<double>(*cut) == std::trunc(number));
 }
 
+RC_GTEST_PROP(JSONAccessors, GiveIntegersOfAnyLengthDigitByDigit, ())
+{
+    const std::string digits = *rc::gen::container<std::string>(rc::gen::element('0', '1', '9'));
+    const QByteArray number
+        = *rc::gen::element("", "-") + QByteArray("7") + QByteArray::fromStdString(digits);
+    const QByteArray before = QByteArray(*rc::gen::inRange(0, 40), ' ');
+    const auto object = JSONValue::parse("{\"v\":" + before + number + "}")->object();
+    RC_ASSERT(object->string(key) == QString::fromLatin1(number));
+}
+
 RC_GTEST_PROP(JSONAccessors, RenderNumbersSoThatTheyReadBackTheSame, ())
 {
     const QJsonValue number = *Generate::number();

@@ -8,7 +8,8 @@ namespace {
 const JSONObject sample = jsonObject(R"({
     "text": " a ", "number": 7, "fraction": 4.5, "flag": true, "nothing": null,
     "object": {"b": 1}, "objects": [{"c": 1}, {}], "texts": ["x", " y "], "empty": [],
-    "mixed": [{"c": 1}, 2], "mixedTexts": ["x", null]})");
+    "mixed": [{"c": 1}, 2], "mixedTexts": ["x", null],
+    "long": 20260412000000012345, "mixedLong": ["x", 20260412000000012345]})");
 
 TEST(JSONValue, TellsItsType)
 {
@@ -18,6 +19,7 @@ TEST(JSONValue, TellsItsType)
     EXPECT_FALSE(sample.value(u"flag"_s).isNull());
     EXPECT_TRUE(sample.value(u"text"_s).isString());
     EXPECT_FALSE(sample.value(u"number"_s).isString());
+    EXPECT_FALSE(sample.value(u"long"_s).isString());
     EXPECT_TRUE(sample.value(u"object"_s).isObject());
     EXPECT_FALSE(sample.value(u"objects"_s).isObject());
 }
@@ -26,6 +28,7 @@ TEST(JSONValue, GivesTheTextOfStringsOnly)
 {
     EXPECT_EQ(sample.value(u"text"_s).string(), u" a "_s);
     EXPECT_EQ(sample.value(u"number"_s).string(), QString());
+    EXPECT_EQ(sample.value(u"long"_s).string(), QString());
     EXPECT_EQ(sample.value(u"absent"_s).string(), QString());
 }
 
@@ -52,6 +55,7 @@ TEST(JSONValue, GivesListsOfNothingButTexts)
     EXPECT_EQ(sample.value(u"texts"_s).strings(), (QList{u"x"_s, u" y "_s}));
     EXPECT_EQ(sample.value(u"empty"_s).strings(), QList<QString>());
     EXPECT_EQ(sample.value(u"mixedTexts"_s).strings(), std::nullopt);
+    EXPECT_EQ(sample.value(u"mixedLong"_s).strings(), std::nullopt);
     EXPECT_EQ(sample.value(u"objects"_s).strings(), std::nullopt);
     EXPECT_EQ(sample.value(u"text"_s).strings(), std::nullopt);
     EXPECT_EQ(sample.value(u"absent"_s).strings(), std::nullopt);
@@ -78,10 +82,15 @@ INSTANTIATE_TEST_SUITE_P(Values, RenderedValue,
         RenderedRow{{"IntegralFraction"}, "12.0", u"12"_s}, RenderedRow{{"Fraction"}, "4.5", u"4.5"_s},
         RenderedRow{{"ShortestFraction"}, "0.1", u"0.1"_s},
         RenderedRow{{"LongFraction"}, "0.30000000000000004", u"0.30000000000000004"_s},
+        RenderedRow{{"LongInteger"}, "20260412000000012345", u"20260412000000012345"_s},
         RenderedRow{{"BeyondIntegers"}, "1e20", u"1e+20"_s}, RenderedRow{{"True"}, "true", u"true"_s},
         RenderedRow{{"False"}, "false", u"false"_s}, RenderedRow{{"Null"}, "null", u"null"_s},
         RenderedRow{{"List"}, R"([ 1, "a" ])", uR"([1,"a"])"_s},
-        RenderedRow{{"Object"}, R"({ "b" : [ ] })", uR"({"b":[]})"_s}),
+        RenderedRow{{"ListOfLongIntegers"}, R"([ -20260412000000012345 , 18446744073709551616, "a" ])",
+            uR"([-20260412000000012345,18446744073709551616,"a"])"_s},
+        RenderedRow{{"Object"}, R"({ "b" : [ ] })", uR"({"b":[]})"_s},
+        RenderedRow{{"ObjectWithALongInteger"}, R"({"b":{"c":18446744073709551615}})",
+            uR"({"b":{"c":18446744073709551615}})"_s}),
     RowName());
 
 TEST(JSONObject, IsLookedInto)

@@ -6,6 +6,8 @@
 
 #include <rapidcheck/gtest.h>
 
+#include <QStringEncoder>
+
 using namespace Qt::StringLiterals;
 using namespace PropertyLists;
 
@@ -52,6 +54,52 @@ INSTANTIATE_TEST_SUITE_P(Xml, PropertyListText,
         ListRow{{"BadUtf8"}, holding("<string>\xFF</string>"), QString(QChar::ReplacementCharacter)},
         ListRow{{"UnknownEntity"}, holding("<string>&bad;</string>"), {}}),
     RowName());
+
+/// As the makers of such lists write them: with a document type, comments, and other types beside the key.
+QByteArray usualList()
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n"
+           "<!DOCTYPE plist PUBLIC \"-//EXAMPLE//DTD PLIST 1.0//EN\" \"http://www.example.com/list.dtd\">\r\n"
+           "<!-- the service's -->\r\n<plist version=\"1.0\">\r\n<dict>\r\n"
+           "\t<key>IS_ADS_ENABLED</key>\r\n\t<false></false>\r\n\t<key>COUNT</key><integer>7</integer>\r\n"
+           "\t<key>LIST</key><array><string>x</string><true/></array><!-- and -->\r\n"
+           "\t<key>API_KEY</key>\r\n\t<string>abcé</string>\r\n"
+           "\t<key>PLIST_VERSION</key><string>1</string>\r\n</dict>\r\n</plist>\r\n";
+}
+
+QByteArray encoded(QStringConverter::Encoding encoding, QStringConverter::Flag flag)
+{
+    QStringEncoder encode(encoding, flag);
+    return encode(QString::fromUtf8(usualList()));
+}
+
+constexpr auto marked = QStringConverter::Flag::WriteBom;
+constexpr auto bare = QStringConverter::Flag::Default;
+
+INSTANTIATE_TEST_SUITE_P(UsualXml, PropertyListText,
+    testing::Values(ListRow{{"Utf8"}, usualList(), u"abcé"_s},
+        ListRow{{"Utf8Marked"}, encoded(QStringConverter::Utf8, marked), u"abcé"_s},
+        ListRow{{"Utf16Little"}, encoded(QStringConverter::Utf16LE, bare), u"abcé"_s},
+        ListRow{{"Utf16LittleMarked"}, encoded(QStringConverter::Utf16LE, marked), u"abcé"_s},
+        ListRow{{"Utf16Big"}, encoded(QStringConverter::Utf16BE, bare), u"abcé"_s},
+        ListRow{{"Utf16BigMarked"}, encoded(QStringConverter::Utf16BE, marked), u"abcé"_s},
+        ListRow{{"Utf16WithItsDeclaration"},
+            encoded(QStringConverter::Utf16LE, marked)
+                .replace(QByteArray("U\0T\0F\0-\08\0", 10), QByteArray("U\0T\0F\0-\01\0006\0", 12)),
+            u"abcé"_s},
+        ListRow{{"MarkAlone"}, "\xEF\xBB\xBF", {}},
+        ListRow{{"MarkedBinary"}, "\xEF\xBB\xBF" + binary({dictionary({1, 2}), text("API_KEY"), text("abc")}),
+            {}}),
+    RowName());
+
+TEST(PropertyListDictionary, IsToldFromAnyOtherRoot)
+{
+    EXPECT_TRUE(PropertyList::isDictionary(usualList()));
+    EXPECT_TRUE(PropertyList::isDictionary(xml("<dict/>")));
+    EXPECT_FALSE(PropertyList::isDictionary(xml("<array/>")));
+    EXPECT_FALSE(PropertyList::isDictionary("no list"));
+    EXPECT_FALSE(PropertyList::isDictionary({}));
+}
 
 INSTANTIATE_TEST_SUITE_P(Malformed, PropertyListText,
     testing::Values(ListRow{{"Nothing"}, "", {}}, ListRow{{"Blank"}, " \n", {}},
@@ -141,8 +189,9 @@ TEST(PropertyListSize, IsLimited)
 
 RC_GTEST_PROP(PropertyListProperty, OutlivesDamagedLists, ())
 {
-    const QByteArray list = *rc::gen::element(holding("<string>a&amp;c</string>"),
-        binary({dictionary({1, 2, 3, 4}), text("OTHER"), text("API_KEY"), array({2, 4}), text("abc")}));
+    const QByteArray list
+        = *rc::gen::element(holding("<string>a&amp;c</string>"), encoded(QStringConverter::Utf16BE, marked),
+            binary({dictionary({1, 2, 3, 4}), text("OTHER"), text("API_KEY"), array({2, 4}), text("abc")}));
     const auto value = PropertyList::text(*Generate::damaged(list), apiKey);
     RC_CLASSIFY(value.has_value(), "found");
     RC_ASSERT(!value || !value->isEmpty());

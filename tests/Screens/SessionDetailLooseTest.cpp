@@ -41,8 +41,8 @@ protected:
         EXPECT_TRUE(alertOf(*model).isEmpty());
         EXPECT_FALSE(model->isLoading.value());
         EXPECT_TRUE(model->session().has_value());
-        EXPECT_TRUE(model->hasMessages.value());
-        EXPECT_TRUE(model->hasDocuments.value());
+        EXPECT_TRUE(model->messages()->isLoaded.value());
+        EXPECT_TRUE(model->documents()->isLoaded.value());
         EXPECT_FALSE(model->hasEdits());
     }
 

@@ -1,62 +1,10 @@
-#include "Sessions/SessionsModel.h"
+#include "SessionsModelTest.h"
 
 #include "Cases.h"
-#include "Launch.h"
-#include "ScreenTest.h"
-
-#include <QAbstractItemModelTester>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-class SessionsModelTest : public ScreenTest
-{
-protected:
-    SessionsModelTest() { signIn(account(u"Jordan Ellis"_s, {AppRole::notary, AppRole::admin})); }
-
-    void load()
-    {
-        launch(model->load());
-        settle();
-    }
-
-    /// Loads the list and answers with sessions of these ids, the first the latest.
-    void loadSessions(const QList<int>& ids)
-    {
-        load();
-        answer(requestCount() - 1, sessions(ids));
-    }
-
-    static QByteArray sessions(const QList<int>& ids)
-    {
-        QByteArray json;
-        int day = 31;
-        for (const int id : ids) {
-            json += json.isEmpty() ? "[" : ",";
-            json += R"({"id": )" + QByteArray::number(id) + R"(, "scheduled_date": "2025-05-)"
-                + QByteArray::number(day--) + R"("})";
-        }
-        return json.isEmpty() ? QByteArray("[]") : json + "]";
-    }
-
-    QList<qint64> loadedIds() const
-    {
-        QList<qint64> ids;
-        for (const SessionSummary& session : model->sessions())
-            ids += session.id;
-        return ids;
-    }
-
-    std::optional<qint64> selectedId() const
-    {
-        const std::optional<SessionSummary>& selected = model->selectedSession();
-        return selected ? std::optional(selected->id) : std::nullopt;
-    }
-
-    std::shared_ptr<SessionsModel> model = std::make_shared<SessionsModel>(context);
-    QAbstractItemModelTester tester{&model->rows(), QAbstractItemModelTester::FailureReportingMode::Fatal};
-};
 
 const QString cannotLoad = u"Cannot Load Sessions"_s;
 
@@ -230,6 +178,19 @@ TEST_F(SessionsModelTest, AChoicePointsTheRouterSoThatAReloadKeepsIt)
     EXPECT_EQ(selectedId(), 9);
 }
 
+TEST_F(SessionsModelTest, AChoiceOutlivesASignOut)
+{
+    loadSessions({4, 2});
+    model->select(2);
+    auth.signOut();
+    EXPECT_EQ(router.selectedSessionId.value(), 2);
+    model.reset();
+    signIn(account(u"Second"_s));
+    model = std::make_shared<SessionsModel>(context);
+    loadSessions({4, 2});
+    EXPECT_EQ(selectedId(), 2) << "of those whom the next person may see";
+}
+
 TEST_F(SessionsModelTest, ChoosingTheSelectedSessionHoldsIt)
 {
     router.open(AppSection::sessions, 77);
@@ -282,7 +243,7 @@ TEST_F(SessionsModelTest, SessionExpirySignsOutWithoutAWord)
     EXPECT_FALSE(model->isLoading.value());
 }
 
-TEST_F(SessionsModelTest, TheNewestLoadWins)
+TEST_F(SessionsModelTest, AnOlderLoadDoesNotReplaceANewerOne)
 {
     load();
     load();
@@ -292,62 +253,36 @@ TEST_F(SessionsModelTest, TheNewestLoadWins)
     EXPECT_EQ(loadedIds(), QList<qint64>{2});
 }
 
-TEST_F(SessionsModelTest, AnEarlierAnswerLeavesTheNewestLoadRunning)
+TEST_F(SessionsModelTest, AnOlderLoadCountsUntilTheNewerOneCame)
 {
     load();
     load();
     answer(0, sessions({1}));
-    EXPECT_TRUE(loadedIds().isEmpty());
+    EXPECT_EQ(loadedIds(), QList<qint64>{1});
     EXPECT_TRUE(model->isLoading.value());
     answer(1, sessions({2}));
     EXPECT_EQ(loadedIds(), QList<qint64>{2});
     EXPECT_FALSE(model->isLoading.value());
 }
 
-TEST_F(SessionsModelTest, AnEarlierFailureIsNobodysBusiness)
+TEST_F(SessionsModelTest, AnOlderLoadCountsWhereANewerOneFailed)
 {
     load();
     load();
+    answer(1, "{}", 500);
+    EXPECT_EQ(alertOf(*model).value(0), cannotLoad);
+    answer(0, sessions({1}));
+    EXPECT_EQ(loadedIds(), QList<qint64>{1});
+}
+
+TEST_F(SessionsModelTest, AFailureAfterANewerLoadIsNobodysBusiness)
+{
+    load();
+    load();
+    answer(1, sessions({2}));
     answer(0, "{}", 500);
     EXPECT_TRUE(alertOf(*model).isEmpty());
-    EXPECT_TRUE(model->isLoading.value());
-    answer(1, sessions({2}));
     EXPECT_EQ(loadedIds(), QList<qint64>{2});
-}
-
-TEST_F(SessionsModelTest, SwitchingTheRoleLoadsItsListAndDropsTheSelection)
-{
-    loadSessions({4, 2});
-    model->select(2);
-    auth.switchRole(AppRole::notary);
-    EXPECT_EQ(selectedId(), std::nullopt);
-    EXPECT_TRUE(model->isLoading.value());
-    ASSERT_EQ(requestCount(), 2);
-    EXPECT_EQ(line(1), u"GET /remote-notary/sessions?scope=notary_assigned"_s);
-    answer(1, sessions({8, 9}));
-    EXPECT_EQ(loadedIds(), (QList<qint64>{8, 9}));
-    EXPECT_EQ(selectedId(), 8);
-}
-
-TEST_F(SessionsModelTest, TheListOfTheRoleLeftBehindComesTooLate)
-{
-    load();
-    auth.switchRole(AppRole::admin);
-    answer(1, sessions({8}));
-    answer(0, sessions({4}));
-    EXPECT_EQ(loadedIds(), QList<qint64>{8});
-}
-
-TEST_F(SessionsModelTest, ASignOutIsNoChangeOfRole)
-{
-    auth.switchRole(AppRole::admin);
-    answer(0, sessions({4, 2}));
-    int changes = 0;
-    QObject::connect(model.get(), &SessionsModel::selectionChanged, model.get(), [&] { ++changes; });
-    auth.signOut();
-    EXPECT_EQ(auth.role(), AppRole::client);
-    EXPECT_EQ(changes, 0);
-    EXPECT_EQ(requestCount(), 1);
 }
 
 TEST_F(SessionsModelTest, ALateListAfterASignOutShowsNothing)
@@ -398,13 +333,6 @@ TEST_F(SessionsModelTest, LivesUntilItsAnswer)
     EXPECT_FALSE(gone.expired());
     answer(0, sessions({4}));
     EXPECT_TRUE(gone.expired());
-}
-
-TEST_F(SessionsModelTest, AModelThatHasGoneFollowsTheRoleNoMore)
-{
-    model.reset();
-    auth.switchRole(AppRole::admin);
-    EXPECT_EQ(requestCount(), 0);
 }
 
 TEST_F(SessionsModelTest, OutlivesTheEndOfTheWebSession)

@@ -247,6 +247,20 @@ TEST_F(SessionsSelectionTest, AfterASaveTheListIsLoadedToo)
     EXPECT_EQ(line(3), u"GET /remote-notary/sessions/4"_s);
 }
 
+TEST_F(SessionsSelectionTest, AListAskedForBeforeASaveComesTooLate)
+{
+    launch(model->load());
+    settle();
+    start(&SessionDetailModel::saveAdmin);
+    answer(2, "{}");
+    ASSERT_EQ(line(3), u"GET /remote-notary/sessions?scope=admin_all"_s);
+    answer(1, R"([{"id": 4, "status": "before"}])");
+    EXPECT_NE(model->sessions().constFirst().status(), u"before"_s);
+    answer(3, R"([{"id": 4, "status": "after"}])");
+    EXPECT_EQ(model->sessions().constFirst().status(), u"after"_s);
+    EXPECT_EQ(line(4), u"GET /remote-notary/sessions/4"_s);
+}
+
 TEST_F(SessionsSelectionTest, AfterACancellationTheListIsLoadedToo)
 {
     start(&SessionDetailModel::cancel);

@@ -78,6 +78,28 @@ INSTANTIATE_TEST_SUITE_P(Answers, RecordIds,
         ),
     RowName());
 
+/// Records that came without an id are still records of their own, in one answer and from load to load.
+class RecordsWithoutIds : public ServicesTest, public testing::WithParamInterface<IdRow>
+{ };
+
+TEST_P(RecordsWithoutIds, AreToldApart)
+{
+    QList<qint64> drawn;
+    for (qsizetype load = 0; load < 3; ++load) {
+        const Awaited<QList<qint64>> call(GetParam().call(api));
+        answer(load, GetParam().answer);
+        drawn += call.result();
+    }
+    EXPECT_EQ(drawn.size(), 6);
+    EXPECT_EQ(QSet<qint64>(drawn.begin(), drawn.end()).size(), 6);
+}
+
+INSTANTIATE_TEST_SUITE_P(Lists, RecordsWithoutIds,
+    testing::Values(IdRow{{"Sessions"}, sessionList, "[{},{}]", {}},
+        IdRow{{"Messages"}, messages, "[{},{}]", {}}, IdRow{{"Documents"}, documents, "[{},{}]", {}},
+        IdRow{{"Records"}, records, "[{},{}]", {}}),
+    RowName());
+
 using Answers = ServicesTest;
 
 TEST_F(Answers, RecordsKeepTheirRawObject)

@@ -56,6 +56,16 @@ INSTANTIATE_TEST_SUITE_P(Errors, NaturalMessage,
         ),
     RowName());
 
+TEST(NaturalMessageOfAnAppError, IsWholeWhateverCharactersItHolds)
+{
+    const QString withNul = u"Code a\0b is wrong"_s;
+    ASSERT_EQ(withNul.size(), 17);
+    EXPECT_EQ(naturalMessage(AppError(withNul)), withNul);
+    EXPECT_EQ(naturalMessage(AppError(u"a\0stale token"_s)), ended);
+    const QString halfAPair = u"Code "_s + QChar(0xD83D) + u" is wrong"_s;
+    EXPECT_EQ(naturalMessage(AppError(halfAPair)), halfAPair);
+}
+
 TEST(IsSessionExpired, OnlyForThatVerySentence)
 {
     EXPECT_TRUE(isSessionExpired(AppError(ended)));

@@ -83,7 +83,7 @@ INSTANTIATE_TEST_SUITE_P(Connections, Faults,
         answers("MultipleChoices", 300, "{}", general),
         answers("NotModified", 304, "", general),
         answers("UseProxy", 305, "{}", general),
-        answers("Status999", 999, "{}", general)
+        answers("Status999", 999, R"({"message":"Gone to lunch"})", general)
             // clang-format on
             ),
         testing::Bool()),

@@ -80,7 +80,7 @@ INSTANTIATE_TEST_SUITE_P(Answers, FailedAnswers,
         Row{{"NotModified"}, 304, "", general, general},
         Row{{"UseProxy"}, 305, "{}", general, general},
         Row{{"StatusZero"}, 0, "{}", general, general},
-        Row{{"Status999"}, 999, "{}", general, general},
+        Row{{"Status999"}, 999, R"({"message":"Gone to lunch"})", u"Gone to lunch"_s, u"Gone to lunch"_s},
         Row{{"TooDeep"}, 200, deep1025, QString::fromLatin1(deep1025), QString::fromLatin1(deep1025)},
         Row{{"FarTooDeep"}, 200, deep100000, QString::fromLatin1(deep100000), QString::fromLatin1(deep100000)}
         // clang-format on
@@ -159,6 +159,32 @@ TEST_F(Perform, TheExpiryIsAnnouncedLater)
     answer(0, "{}", 401);
     EXPECT_EQ(expiries, 1);
     EXPECT_TRUE(hadFailed) << "the failure comes first";
+}
+
+TEST_F(Perform, TheExpiryThatAWorkerReadOfIsAnnouncedOnTheMainThread)
+{
+    const QByteArray large = "{\"note\":\"" + QByteArray(200000, 'x') + "\"}";
+    const Awaited<JSONObject> call(api.createSession({}, token));
+    bool hadFailed = false;
+    const QThread* thread = nullptr;
+    QObject::connect(&notifications, &NotificationCenter::posted, [&] {
+        hadFailed = call.hasFailed();
+        thread = QThread::currentThread();
+    });
+    answer(0, large, 401);
+    EXPECT_EQ(failureOf(call), ended);
+    EXPECT_EQ(expiries, 1);
+    EXPECT_TRUE(hadFailed);
+    EXPECT_EQ(thread, QCoreApplication::instance()->thread());
+}
+
+TEST_F(Perform, AnEmptyTokenIsSentAsItIs)
+{
+    const Awaited<JSONObject> call(api.createSession({}, QString()));
+    ASSERT_EQ(session->count(), 1);
+    EXPECT_EQ(session->header(0, "Authorization"), "Bearer ");
+    answer(0, "{}");
+    EXPECT_EQ(call.result(), JSONObject());
 }
 
 TEST_F(Perform, EveryFailureAnnouncesAnew)

@@ -1,5 +1,7 @@
 #include "DashboardViewTest.h"
 
+#include "Palette.h"
+#include "SymbolsOn.h"
 #include "Type.h"
 
 #include <QScrollBar>
@@ -258,6 +260,54 @@ TEST_F(DashboardViewTest, EveryTitleOfATileCanBeReadInAnyTextSize)
                 << pixels << " " << qPrintable(tile->accessibleName());
     }
     Type::followDesktop(13);
+}
+
+TEST_F(DashboardViewTest, EveryTileAndShortcutHasItsSymbol)
+{
+    openAdmin();
+    answerAll({"[]", "[]", "[]"});
+    EXPECT_EQ(symbolsOn(*view),
+        QStringList({u"video.badge.checkmark"_s, u"person.text.rectangle"_s, u"person.3.fill"_s,
+            u"clock.badge.exclamationmark"_s, u"Records: tray.full.fill"_s, u"Users: person.3.fill"_s,
+            u"Notaries: person.badge.shield.checkmark"_s, u"Refresh: arrow.clockwise"_s}));
+    openNotary();
+    answerAll({"[]", "[]"});
+    EXPECT_EQ(symbolsOn(*view),
+        QStringList({u"checkmark.seal.fill"_s, u"megaphone.fill"_s, u"calendar"_s,
+            u"Refresh: arrow.clockwise"_s, u"All Sessions: doc.text.magnifyingglass"_s}));
+    openBusiness();
+    answerAll({"[]", "[]"});
+    EXPECT_EQ(symbolsOn(*view),
+        QStringList({u"doc.text.fill"_s, u"person.2.fill"_s, u"calendar"_s,
+            u"Book for Client: calendar.badge.plus"_s, u"View Sessions: doc.text.magnifyingglass"_s}));
+}
+
+TEST_F(DashboardViewTest, ADividerStandsBetweenRowsAndAPillAtTheirEnds)
+{
+    openAdmin();
+    answerAll({R"([{"id": 1, "client_name": "Ada"}, {"id": 2, "client_name": "Bo"}])", "[]", "[]"});
+    RowList* shown = list(recent);
+    const QImage picture = view->grab().toImage();
+    QRect first = shown->visualRect(shown->model()->index(0, 0));
+    first.moveTopLeft(shown->viewport()->mapTo(view, first.topLeft()));
+    const auto has = [&picture](const QRect& area, const QColor& colour) {
+        for (int y = area.top(); y <= area.bottom(); ++y) {
+            for (int x = area.left(); x <= area.right(); ++x) {
+                if (picture.pixelColor(x, y) == colour)
+                    return true;
+            }
+        }
+        return false;
+    };
+    const QColor divider = Palette::color(Brand::line);
+    const QRect between(first.left() + 40, first.bottom() - 2, first.width() - 80, 5);
+    EXPECT_TRUE(has(between, divider));
+    EXPECT_FALSE(has(between.translated(0, first.height()), divider)) << "none under the last row";
+    // Above the pill's word, within its ends.
+    const QPoint inPill(first.right() - ListRowDelegate::roomAcross - 14, first.center().y() - 8);
+    const QRect free(first.center().x(), first.top() + 4, 100, first.height() - 8);
+    EXPECT_NE(picture.pixelColor(inPill), picture.pixelColor(free.center()));
+    EXPECT_FALSE(has(free, picture.pixelColor(inPill)));
 }
 
 TEST_F(DashboardViewTest, FollowsItsWidth)

@@ -7,10 +7,10 @@
 #include "Launch.h"
 #include "Layouts.h"
 #include "Screens/Cases.h"
-#include "Sessions/SessionDocumentsCard.h"
-#include "Sessions/SessionMessagesCard.h"
 
 #include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -64,7 +64,7 @@ TEST_F(SessionDetailViewTest, ShowsWhatIsKnownAboutTheSession)
     openLoaded();
     for (const QString& text : {u"RN-20260309-0131"_s, u"Priya Raman, Tomas Alder"_s, u"2026-03-12 2:30 PM"_s,
              u"Power of Attorney"_s, u"Priya Raman"_s, u"priya.raman@example.com"_s,
-             u"Assigned Notary: Maya Whitfield"_s})
+             u"Assigned Notary: Maya Whitfield"_s, u"Witness Required: Elena Voss, joins on her own link"_s})
         EXPECT_TRUE(shows(text)) << text.toStdString();
     EXPECT_EQ(view->findChild<StatusPill*>()->text(), u"Scheduled"_s);
 }
@@ -74,8 +74,8 @@ TEST_F(SessionDetailViewTest, LeavesOutWhatIsNotKnown)
     openLoaded({600, 700}, R"({"id": 7, "status": "completed"})");
     EXPECT_TRUE(shows(u"Date pending"_s));
     EXPECT_TRUE(shows(u"Remote notary session"_s));
-    for (const auto* label : view->findChildren<PlainLabel*>())
-        EXPECT_FALSE(label->isVisible() && label->text().startsWith(u"Assigned Notary:"_s));
+    EXPECT_TRUE(shows(u"Assigned Notary: Not Assigned"_s));
+    EXPECT_TRUE(shows(u"No Witness Required"_s));
     EXPECT_EQ(cancelButton(), nullptr);
 }
 
@@ -86,17 +86,35 @@ TEST_F(SessionDetailViewTest, ShowsTextsFromOutsideAsTheyStand)
     EXPECT_TRUE(shows(u"a < b"_s));
 }
 
-TEST_F(SessionDetailViewTest, ShowsTheThreadAndTheDocumentsOnceTheyAreKnown)
+TEST_F(SessionDetailViewTest, TheThreadAndTheDocumentsCanBeWorkedWithWhateverBecomesOfTheirLoad)
 {
     open();
     answer(0, scheduled);
-    EXPECT_FALSE(view->findChild<SessionMessagesCard*>()->isVisible());
-    answer(1, "[]");
-    EXPECT_TRUE(view->findChild<SessionMessagesCard*>()->isVisible());
-    EXPECT_FALSE(view->findChild<SessionDocumentsCard*>()->isVisible());
-    answer(2, "{}", 500);
-    EXPECT_FALSE(view->findChild<SessionDocumentsCard*>()->isVisible());
+    EXPECT_TRUE(shows(u"Loading messages..."_s));
+    EXPECT_TRUE(shows(u"Loading files..."_s));
+    answer(1, "{}", 500);
     EXPECT_EQ(alert()->title(), u"Cannot Load Session"_s);
+    QTest::keyClick(alert()->okButton(), Qt::Key_Return);
+    finishClosing();
+    EXPECT_TRUE(shows(u"The messages could not be loaded."_s));
+    EXPECT_TRUE(shows(u"The files could not be loaded."_s));
+    EXPECT_FALSE(shows(u"No messages yet."_s)) << "nobody knows";
+    EXPECT_FALSE(shows(u"No files have been uploaded into this session yet."_s));
+    for (const QString& name : {u"New Message"_s, u"Send Message"_s, u"Drop session files here"_s,
+             u"Choose Files for This Session"_s, u"Upload Files to Session"_s})
+        EXPECT_NE(control(name), nullptr) << name.toStdString();
+
+    click(control(u"Try Again to Load the Files"_s));
+    EXPECT_EQ(line(2), u"GET /remote-notary/sessions/7/documents"_s);
+    EXPECT_TRUE(shows(u"Loading files..."_s));
+    answer(2, "[]");
+    EXPECT_TRUE(shows(u"No files have been uploaded into this session yet."_s));
+    EXPECT_EQ(control(u"Try Again to Load the Files"_s), nullptr);
+    click(control(u"Try Again to Load the Messages"_s));
+    EXPECT_EQ(line(3), u"GET /remote-notary/sessions/7/messages"_s);
+    answer(3, "[]");
+    EXPECT_TRUE(shows(u"No messages yet."_s));
+    EXPECT_EQ(control(u"Try Again to Load the Messages"_s), nullptr);
 }
 
 struct Cards
@@ -127,9 +145,23 @@ INSTANTIATE_TEST_SUITE_P(Roles, SessionDetailViewRoles,
     testing::Values(Cards{"Client", {}, AppRole::client, false, false},
         Cards{"Business", {AppRole::business}, AppRole::business, false, false},
         Cards{"Notary", {AppRole::notary}, AppRole::notary, true, false},
-        Cards{"AdminAsClient", {AppRole::admin}, AppRole::client, false, true},
-        Cards{"Both", {AppRole::notary, AppRole::admin}, AppRole::notary, true, true}),
+        Cards{"Admin", {AppRole::admin}, AppRole::admin, false, true},
+        Cards{"AdminAsClient", {AppRole::admin}, AppRole::client, false, false},
+        Cards{"BothAsNotary", {AppRole::notary, AppRole::admin}, AppRole::notary, true, false},
+        Cards{"BothAsAdmin", {AppRole::notary, AppRole::admin}, AppRole::admin, false, true}),
     ByName());
+
+TEST_F(SessionDetailViewTest, TheControlsGoAlongWithTheActiveRole)
+{
+    openLoaded();
+    EXPECT_EQ(notaryCard(), nullptr);
+    auth.switchRole(AppRole::notary);
+    EXPECT_EQ(adminCard(), nullptr);
+    EXPECT_NE(notaryCard(), nullptr);
+    auth.switchRole(AppRole::client);
+    EXPECT_EQ(adminCard(), nullptr);
+    EXPECT_EQ(notaryCard(), nullptr);
+}
 
 TEST_F(SessionDetailViewTest, ALostRoleTakesItsControlsAway)
 {
@@ -142,6 +174,7 @@ TEST_F(SessionDetailViewTest, ALostRoleTakesItsControlsAway)
 
 TEST_F(SessionDetailViewTest, ANotaryFillsInEveryFieldAndSaves)
 {
+    workAs(AppRole::notary);
     openLoaded();
     QWidget* card = notaryCard();
     auto* status = control<ComboBox>(u"Status"_s, card);
@@ -151,16 +184,16 @@ TEST_F(SessionDetailViewTest, ANotaryFillsInEveryFieldAndSaves)
     type(control<QLineEdit>(u"Confirmed Date"_s, card), u"2026-04-01"_s);
     type(control<QLineEdit>(u"Confirmed Time"_s, card), u"9:00 AM"_s);
     type(control<QLineEdit>(u"Proposed Fee"_s, card), u"50"_s);
-    type(control<QLineEdit>(u"Status Note"_s, card), u" Moved. "_s);
-    click(control<Switch>(u"Witness Required"_s, card));
+    type(control<QPlainTextEdit>(u"Status Note"_s, card), u" Moved. "_s);
     type(control<QLineEdit>(u"Witness Name / Notes"_s, card), u"none"_s);
+    click(control<Switch>(u"Witness Required"_s, card));
     click(saveNotary());
-    EXPECT_EQ(line(4), u"POST /notary/remote-notary/sessions/7/status"_s);
-    EXPECT_EQ(body(4),
+    EXPECT_EQ(line(3), u"POST /notary/remote-notary/sessions/7/status"_s);
+    EXPECT_EQ(body(3),
         object(R"({"status": "rescheduled", "confirmed_date": "2026-04-01", "confirmed_time": "9:00 AM",
             "scheduled_date": "2026-04-01", "scheduled_time": "9:00 AM", "proposed_fee": "50",
             "status_note": " Moved. ", "requires_witness": false, "witness_name": "none"})"));
-    answer(4, "{}");
+    answer(3, "{}");
     EXPECT_EQ(alert()->title(), u"Saved"_s);
     EXPECT_EQ(alert()->message(), u"Notary update was saved."_s);
     answerLoad();
@@ -183,17 +216,70 @@ TEST_F(SessionDetailViewTest, AnAdminChoosesANotaryAndSaves)
     answerLoad();
 }
 
-TEST_F(SessionDetailViewTest, BothCardsShowTheSameFields)
+TEST_F(SessionDetailViewTest, AWitnessIsNamedOnlyWhereOneIsRequired)
 {
+    workAs(AppRole::notary);
     openLoaded();
-    type(control<QLineEdit>(u"Status Note"_s, notaryCard()), u"Together"_s);
-    EXPECT_EQ(control<QLineEdit>(u"Status Note"_s, adminCard())->text(), u"Together"_s);
+    auto* name = control<QLineEdit>(u"Witness Name / Notes"_s);
+    EXPECT_TRUE(name->isEnabled());
+    click(control<Switch>(u"Witness Required"_s));
+    EXPECT_FALSE(name->isEnabled());
+    EXPECT_EQ(name->text(), u"Elena Voss, joins on her own link"_s) << "switched on again it is there again";
+    click(control<Switch>(u"Witness Required"_s));
+    EXPECT_TRUE(name->isEnabled());
+    EXPECT_FALSE(model->hasEdits());
 }
+
+TEST_F(SessionDetailViewTest, ALongNoteIsShownWhole)
+{
+    const QString sentences = u"Assigned by the office after a call with both signers. "_s.repeated(3);
+    openLoaded({600, 900}, R"({"id": 7, "status_note": ")" + sentences.toUtf8() + R"("})");
+    auto* note = control<QPlainTextEdit>(u"Status Note"_s);
+    for (const int width : {600, 450, 760}) {
+        view->resize(width, 900);
+        settle();
+        EXPECT_EQ(note->verticalScrollBar()->maximum(), 0) << "nothing is cut off at " << width;
+    }
+    const int asLoaded = note->height();
+    type(note, sentences + sentences);
+    EXPECT_GT(note->height(), asLoaded);
+    type(note, u"Short."_s);
+    EXPECT_EQ(note->height(), 56) << "two lines";
+}
+
+struct NamelessNotary
+{
+    const char* name;
+    QByteArray fields;
+    QString line;
+};
+
+class SessionDetailViewNotary : public SessionDetailViewTest,
+                                public testing::WithParamInterface<NamelessNotary>
+{ };
+
+TEST_P(SessionDetailViewNotary, IsToldAboutInTheSummary)
+{
+    openLoaded({600, 700}, R"({"id": 7)" + GetParam().fields + "}");
+    EXPECT_TRUE(shows(GetParam().line));
+}
+
+INSTANTIATE_TEST_SUITE_P(Facts, SessionDetailViewNotary,
+    testing::Values(NamelessNotary{"Nobody", "", u"Assigned Notary: Not Assigned"_s},
+        NamelessNotary{"Named", R"(,"assigned_notary_name":"Maya")", u"Assigned Notary: Maya"_s},
+        NamelessNotary{"Nameless", R"(,"assigned_notary_id":12)", u"Assigned Notary: Name Not Known"_s},
+        NamelessNotary{"Zero", R"(,"assigned_notary_id":0)", u"Assigned Notary: Not Assigned"_s},
+        NamelessNotary{
+            "NoWitness", R"(,"requires_witness":0,"witness_name":"Elena")", u"No Witness Required"_s},
+        NamelessNotary{"SomeWitness", R"(,"requires_witness":"yes")", u"Witness Required"_s},
+        NamelessNotary{
+            "ThisWitness", R"(,"requires_witness":1,"witness_name":"Elena")", u"Witness Required: Elena"_s}),
+    ByName());
 
 TEST_F(SessionDetailViewTest, TheSessionsOwnStatusIsShownAlsoWhenItIsNotOffered)
 {
     openLoaded({600, 700}, R"({"id": 7, "status": "confirmed"})");
-    auto* status = control<ComboBox>(u"Status"_s, notaryCard());
+    auto* status = control<ComboBox>(u"Status"_s, adminCard());
     EXPECT_EQ(status->currentText(), u"confirmed"_s);
     EXPECT_EQ(status->count(), 6);
     EXPECT_FALSE(model->hasEdits()) << "looking changes nothing";
@@ -202,14 +288,16 @@ TEST_F(SessionDetailViewTest, TheSessionsOwnStatusIsShownAlsoWhenItIsNotOffered)
 TEST_F(SessionDetailViewTest, AReloadLeavesTheFieldThatIsBeingTypedIn)
 {
     openLoaded();
-    auto* note = control<QLineEdit>(u"Status Note"_s, notaryCard());
+    auto* note = control<QPlainTextEdit>(u"Status Note"_s, adminCard());
     type(note, u"Half a"_s);
-    note->setCursorPosition(2);
+    QTextCursor cursor = note->textCursor();
+    cursor.setPosition(2);
+    note->setTextCursor(cursor);
     launch(model->load());
     settle();
     answerLoad(R"({"id": 7, "status": "completed", "status_note": "From the bridge"})");
-    EXPECT_EQ(note->text(), u"Half a"_s);
-    EXPECT_EQ(note->cursorPosition(), 2);
+    EXPECT_EQ(note->toPlainText(), u"Half a"_s);
+    EXPECT_EQ(note->textCursor().position(), 2);
     EXPECT_TRUE(note->hasFocus());
     EXPECT_EQ(view->findChild<StatusPill*>()->text(), u"Completed"_s);
 }
@@ -218,13 +306,14 @@ TEST_F(SessionDetailViewTest, AReloadLeavesTheFieldThatIsBeingTypedIn)
 
 TEST_F(SessionDetailViewTest, ADoubleClickSavesOnce)
 {
+    workAs(AppRole::notary);
     openLoaded();
     QTest::mouseClick(saveNotary(), Qt::LeftButton);
     QTest::mouseDClick(saveNotary(), Qt::LeftButton);
     QTest::keyClick(saveNotary(), Qt::Key_Return);
     settle();
-    EXPECT_EQ(requestCount(), 5);
-    EXPECT_EQ(line(4), u"POST /notary/remote-notary/sessions/7/status"_s);
+    EXPECT_EQ(requestCount(), 4);
+    EXPECT_EQ(line(3), u"POST /notary/remote-notary/sessions/7/status"_s);
 }
 
 TEST_F(SessionDetailViewTest, WhileAChangeIsOnItsWayOnlyItsButtonTurns)
@@ -233,13 +322,13 @@ TEST_F(SessionDetailViewTest, WhileAChangeIsOnItsWayOnlyItsButtonTurns)
     click(saveAdmin());
     EXPECT_TRUE(saveAdmin()->isLoading());
     EXPECT_TRUE(saveAdmin()->isEnabled());
-    for (Button* other : {saveNotary(), cancelButton(), deleteButton()}) {
+    for (Button* other : {cancelButton(), deleteButton()}) {
         EXPECT_FALSE(other->isLoading());
         EXPECT_FALSE(other->isEnabled());
     }
     fail(4);
     EXPECT_EQ(alert()->title(), u"Cannot Save Session"_s);
-    for (Button* button : {saveAdmin(), saveNotary(), cancelButton(), deleteButton()}) {
+    for (Button* button : {saveAdmin(), cancelButton(), deleteButton()}) {
         EXPECT_FALSE(button->isLoading());
         EXPECT_TRUE(button->isEnabled());
     }

@@ -11,9 +11,12 @@
 class SessionDetailViewTest : public ScreensViewTest
 {
 protected:
-    SessionDetailViewTest()
+    SessionDetailViewTest() { workAs(AppRole::admin); }
+
+    /// In one of the roles that the person holds.
+    void workAs(AppRole role)
     {
-        signIn(account(QStringLiteral("maya"), {AppRole::notary, AppRole::admin}), AppRole::client);
+        signIn(account(QStringLiteral("maya"), {AppRole::notary, AppRole::admin}), role);
     }
 
     void open(QSize size = {600, 700})

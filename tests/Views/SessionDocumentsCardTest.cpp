@@ -5,14 +5,18 @@
 #include "Components/ProgressBar.h"
 #include "Components/SecondaryButton.h"
 #include "Launch.h"
+#include "Palette.h"
 #include "Screens/Cases.h"
 #include "SessionCardsTest.h"
 #include "Sessions/SessionDocumentRow.h"
+#include "SymbolsOn.h"
 
 #include <QDragEnterEvent>
 #include <QFile>
 #include <QMimeData>
 #include <QScrollBar>
+
+#include <gmock/gmock.h>
 
 #include <algorithm>
 
@@ -86,6 +90,7 @@ protected:
 
 TEST_F(SessionDocumentsCardTest, ShowsItsTexts)
 {
+    documents->setDocuments({});
     show();
     for (const QString& text : {u"Session Documents"_s,
              u"Drag and drop files into this session and label exactly what each item is."_s,
@@ -239,6 +244,46 @@ TEST_F(SessionDocumentsCardTest, ADragOverTheAreaIsKnownToTheModel)
     EXPECT_TRUE(sendDrag<QDragEnterEvent>({file(u"deed.pdf"_s)}));
     close();
     EXPECT_FALSE(documents->isDropTarget.value());
+}
+
+TEST_F(SessionDocumentsCardTest, TheAreaLooksAsItsModelSays)
+{
+    show();
+    const QPoint spot(dropArea()->width() / 2, 6);
+    const auto ground = [this, spot] { return dropArea()->grab().toImage().pixelColor(spot); };
+    EXPECT_EQ(ground(), Palette::color(Brand::panel));
+    documents->isDropTarget = true;
+    EXPECT_EQ(ground(), Palette::color(Brand::paleBlue));
+    documents->isDropTarget = false;
+    EXPECT_EQ(ground(), Palette::color(Brand::panel));
+}
+
+TEST_F(SessionDocumentsCardTest, FilesThatWaitShowTheirKind)
+{
+    show();
+    drop({file(u"map.xlsx"_s), file(u"photo.jpg"_s)});
+    EXPECT_THAT(symbolsOn(*window), testing::IsSupersetOf({u"tablecells.fill"_s, u"photo.fill"_s}));
+}
+
+TEST_F(SessionDocumentsCardTest, AListThatCouldNotBeLoadedIsAskedForAgain)
+{
+    show();
+    EXPECT_TRUE(shows(u"Loading files..."_s));
+    EXPECT_FALSE(shows(u"No files have been uploaded into this session yet."_s));
+    launch(documents->loadDocuments());
+    settle();
+    fail(0);
+    EXPECT_EQ(alert()->title(), u"Cannot Load Files"_s);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(shows(u"The files could not be loaded."_s));
+    EXPECT_FALSE(shows(u"No files have been uploaded into this session yet."_s));
+    drop({file(u"deed.pdf"_s)});
+    EXPECT_TRUE(uploadButton()->isEnabled());
+    click(control(u"Try Again to Load the Files"_s));
+    EXPECT_EQ(line(1), u"GET /remote-notary/sessions/7/documents"_s);
+    answer(1, "[]");
+    EXPECT_TRUE(shows(u"No files have been uploaded into this session yet."_s));
+    EXPECT_FALSE(shows(u"The files could not be loaded."_s));
 }
 
 TEST_F(SessionDocumentsCardTest, DroppedFilesWaitUnderTheirHeading)

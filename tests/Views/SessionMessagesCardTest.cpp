@@ -1,5 +1,7 @@
 #include "SessionMessagesCardTest.h"
 
+#include "Launch.h"
+
 #include <QClipboard>
 
 TEST_F(SessionMessagesCardTest, AnEmptyThreadSaysSo)
@@ -28,6 +30,47 @@ TEST_F(SessionMessagesCardTest, AMessageShowsItsSenderTimeAndText)
     EXPECT_TRUE(shows(u"2026-03-10 09:42:10"_s));
     ASSERT_EQ(rows().size(), 1);
     EXPECT_EQ(textOf(rows().constFirst()), u"Hello\nthere"_s);
+}
+
+TEST_F(SessionMessagesCardTest, AThreadThatCouldNotBeLoadedIsAskedForAgain)
+{
+    SessionCardsTest::show();
+    EXPECT_TRUE(shows(u"Loading messages..."_s));
+    EXPECT_FALSE(shows(u"No messages yet."_s));
+    launch(messages->loadMessages());
+    settle();
+    fail(0);
+    EXPECT_EQ(alert()->title(), u"Cannot Load Messages"_s);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(shows(u"The messages could not be loaded."_s));
+    EXPECT_FALSE(shows(u"Loading messages..."_s));
+    EXPECT_FALSE(shows(u"No messages yet."_s));
+    ASSERT_NE(control<Button>(u"Try Again to Load the Messages"_s), nullptr);
+    EXPECT_EQ(control<Button>(u"Try Again to Load the Messages"_s)->title(), u"Try Again"_s);
+
+    write(u"Hello"_s);
+    click(sendButton());
+    EXPECT_EQ(line(1), u"POST /remote-notary/sessions/7/messages"_s);
+    answer(1, "{}");
+    answer(2, R"([{"id": 1, "message": "Hello"}])");
+    EXPECT_EQ(rows().size(), 1);
+    EXPECT_EQ(control(u"Try Again to Load the Messages"_s), nullptr);
+}
+
+TEST_F(SessionMessagesCardTest, AThreadOnScreenStaysWhenItCannotBeLoadedAgain)
+{
+    show(threadOf({u"Hello"_s}));
+    launch(messages->loadMessages());
+    settle();
+    fail(0);
+    press(Qt::Key_Return);
+    EXPECT_EQ(rows().size(), 1);
+    EXPECT_TRUE(shows(u"The messages could not be loaded."_s));
+    control(u"Try Again to Load the Messages"_s)->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Space);
+    EXPECT_FALSE(shows(u"The messages could not be loaded."_s));
+    answer(1, "[]");
+    EXPECT_TRUE(shows(u"No messages yet."_s));
 }
 
 struct TextRow

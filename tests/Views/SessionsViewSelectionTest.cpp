@@ -7,7 +7,7 @@
 #include "QuestionPresenter.h"
 #include "ScreensViewTest.h"
 
-#include <QLineEdit>
+#include <QPlainTextEdit>
 
 using namespace Qt::StringLiterals;
 
@@ -80,7 +80,7 @@ protected:
         settle();
     }
 
-    QLineEdit* note() { return named<QLineEdit>(view, u"Status Note"_s); }
+    QPlainTextEdit* note() { return named<QPlainTextEdit>(view, u"Status Note"_s); }
     QuestionDialog* question() { return view.findChild<QuestionDialog*>(); }
     void answerQuestion(bool leaves)
     {
@@ -206,7 +206,7 @@ TEST_F(SessionsViewEditing, AClickOnAnotherRowAsksAndKeepsTheSelection)
     EXPECT_TRUE(requests().isEmpty());
 
     answerQuestion(false);
-    EXPECT_EQ(note()->text(), u"Half a note"_s);
+    EXPECT_EQ(note()->toPlainText(), u"Half a note"_s);
     EXPECT_EQ(selectedRows(), QList{0});
     clickRow(2);
     EXPECT_NE(question(), nullptr) << "and asks again";
@@ -220,7 +220,7 @@ TEST_F(SessionsViewEditing, DiscardingGoesToTheRow)
     EXPECT_EQ(selectedRows(), QList{2});
     EXPECT_EQ(requests(), QStringList{u"GET /remote-notary/sessions/3"_s});
     answerDetail(R"({"id":3})");
-    EXPECT_EQ(note()->text(), QString());
+    EXPECT_EQ(note()->toPlainText(), QString());
 }
 
 TEST_F(SessionsViewEditing, TheKeyboardAsksToo)
@@ -248,9 +248,9 @@ TEST_F(SessionsViewEditing, ARefreshAsksNothingAndKeepsWhatIsTyped)
     settle();
     EXPECT_EQ(question(), nullptr);
     answer(asked + 1, R"({"id":1,"status_note":"From the bridge"})");
-    EXPECT_EQ(note()->text(), u"Half a note"_s);
+    EXPECT_EQ(note()->toPlainText(), u"Half a note"_s);
     answer(asked, R"([{"id":1},{"id":2}])");
-    EXPECT_EQ(note()->text(), u"Half a note"_s);
+    EXPECT_EQ(note()->toPlainText(), u"Half a note"_s);
     EXPECT_EQ(question(), nullptr);
     EXPECT_EQ(requests().constLast(), u"GET /remote-notary/sessions/1/messages"_s);
 }
@@ -277,7 +277,7 @@ TEST_F(SessionsViewEditing, TheSearchFiltersWithoutAsking)
     EXPECT_EQ(list->model()->rowCount(), 1);
     EXPECT_TRUE(selectedRows().isEmpty());
     EXPECT_EQ(question(), nullptr);
-    EXPECT_EQ(note()->text(), u"Half a note"_s);
+    EXPECT_EQ(note()->toPlainText(), u"Half a note"_s);
     model->search = QString();
     EXPECT_EQ(selectedRows(), QList{0});
 }

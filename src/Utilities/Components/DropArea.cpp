@@ -86,6 +86,7 @@ void DropArea::setHovered(bool hovered)
         return;
     hovered_ = hovered;
     update();
+    emit hoveredChanged(hovered);
 }
 
 void DropArea::dragEnterEvent(QDragEnterEvent* event)

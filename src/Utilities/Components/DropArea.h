@@ -21,10 +21,15 @@ public:
     /// Puts a button under the texts.
     void addButton(QAbstractButton* button);
 
+    /// Whether it looks as if files that it would take hovered over it.
+    void setHovered(bool hovered);
+    bool isHovered() const { return hovered_; }
+
     /// Those addresses that name a file of this computer.
     static QList<QUrl> localFiles(const QList<QUrl>& addresses);
 
 signals:
+    void hoveredChanged(bool hovered);
     /// In the order given; never empty.
     void filesDropped(const QList<QUrl>& files);
 
@@ -35,8 +40,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void setHovered(bool hovered);
-
     QVBoxLayout* column_;
     bool hovered_ = false;
     bool hasButton_ = false;

@@ -26,7 +26,7 @@ constexpr int roomAround = 20;
 OverlayDialog::OverlayDialog(QWidget* window)
     : QDialog(window), card_(new Surface(Surface::Kind::alert, padding, this)),
       title_(new PlainLabel({}, Type::heading)), message_(new PlainLabel({}, Type::body, Brand::steel)),
-      messageArea_(new ScrollPage(message_)), focusBefore_(window->focusWidget())
+      messageArea_(new ScrollPage(message_))
 {
     setWindowFlags(Qt::Widget);
     setAttribute(Qt::WA_Moved);
@@ -72,6 +72,7 @@ void OverlayDialog::addButtons(const QList<Button*>& buttons)
 void OverlayDialog::present(Button* focused)
 {
     focused_ = focused;
+    focusBefore_ = parentWidget()->focusWidget();
     open();
     raise();
     focused_->setFocus(Qt::OtherFocusReason);

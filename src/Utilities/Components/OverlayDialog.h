@@ -28,7 +28,7 @@ protected:
     void setTexts(const QString& title, const QString& message);
     /// In reading order, at the end of the card.
     void addButtons(const QList<Button*>& buttons);
-    /// Opens the dialog, or brings it to the front.
+    /// Opens the dialog, above those that are open.
     /// \param focused  the button that Return presses first
     void present(Button* focused);
 
@@ -50,5 +50,5 @@ private:
     QScrollArea* messageArea_;
     QList<Button*> buttons_;
     Button* focused_ = nullptr;
-    QPointer<QWidget> focusBefore_;
+    QPointer<QWidget> focusBefore_; ///< had the focus when the dialog opened
 };

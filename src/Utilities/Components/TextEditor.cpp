@@ -8,6 +8,8 @@
 #include <QAbstractTextDocumentLayout>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QResizeEvent>
+#include <QTextBlock>
 
 #include <algorithm>
 
@@ -32,20 +34,15 @@ public:
         setPadding(down, down);
     }
 
-    void setGrowing(int mostLines)
+    void setGrowing(int mostLines, int fewestLines)
     {
-        const int lineHeight = Type::lineHeight(Type::body);
-        const int padding = (Height::control() - lineHeight) / 2;
+        mostLines_ = mostLines;
+        fewestLines_ = fewestLines;
         // Without a little room to spare at the end the box would scroll.
         constexpr int spare = 2;
-        setPadding(padding, padding - spare);
-        const auto fit = [this, lineHeight, padding, mostLines] {
-            // The layout of a plain text counts in lines.
-            const int lines = static_cast<int>(document()->size().height());
-            setFixedHeight(2 * padding + lineHeight * std::clamp(lines, 1, mostLines));
-        };
+        setPadding(growingPadding(), growingPadding() - spare);
         const auto* layout = document()->documentLayout();
-        connect(layout, &QAbstractTextDocumentLayout::documentSizeChanged, this, fit);
+        connect(layout, &QAbstractTextDocumentLayout::documentSizeChanged, this, &EditorBox::fit);
         fit();
     }
 
@@ -80,6 +77,16 @@ protected:
         PlainText::draw(painter, line, placeholder_, Type::body, palette().color(QPalette::PlaceholderText));
     }
 
+    void resizeEvent(QResizeEvent* event) override
+    {
+        QPlainTextEdit::resizeEvent(event);
+        if (mostLines_ == 0 || event->size().width() == event->oldSize().width())
+            return;
+        // Later, because the layouts around are at work now and would keep to the height that they have read.
+        QMetaObject::invokeMethod(
+            this, [this] { fitToWidth(); }, Qt::QueuedConnection);
+    }
+
     void focusInEvent(QFocusEvent* event) override
     {
         QPlainTextEdit::focusInEvent(event);
@@ -93,6 +100,24 @@ protected:
     }
 
 private:
+    static int growingPadding() { return (Height::control() - Type::lineHeight(Type::body)) / 2; }
+
+    /// In another width the lines are broken anew, one block after the other as it is asked about.
+    void fitToWidth()
+    {
+        for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
+            document()->documentLayout()->blockBoundingRect(block);
+        fit();
+    }
+
+    void fit()
+    {
+        // The layout of a plain text counts in lines.
+        const int lines = static_cast<int>(document()->size().height());
+        setFixedHeight(2 * growingPadding()
+            + Type::lineHeight(Type::body) * std::clamp(lines, fewestLines_, mostLines_));
+    }
+
     void setPadding(int above, int below)
     {
         // The document has a margin of its own.
@@ -102,6 +127,8 @@ private:
     }
 
     QString placeholder_;
+    int mostLines_ = 0; ///< none for a box of one height
+    int fewestLines_ = 1;
 };
 
 } // namespace
@@ -153,7 +180,7 @@ void TextEditor::setText(const QString& text)
     edit_->document()->clearUndoRedoStacks();
 }
 
-void TextEditor::setGrowing(int mostLines)
+void TextEditor::setGrowing(int mostLines, int fewestLines)
 {
-    static_cast<EditorBox*>(edit_)->setGrowing(mostLines);
+    static_cast<EditorBox*>(edit_)->setGrowing(mostLines, fewestLines);
 }

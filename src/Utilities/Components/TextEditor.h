@@ -21,8 +21,9 @@ public:
     QString value() const { return text(); }
     void setValue(const QString& text) { setText(text); }
 
-    /// Lets the box begin with one line and grow with its text up to so many lines; more than these scroll.
-    void setGrowing(int mostLines);
+    /// Lets the box begin with the fewest lines and grow with its text up to the most; more than these
+    /// scroll.
+    void setGrowing(int mostLines, int fewestLines = 1);
 
     QPlainTextEdit* edit() const { return edit_; }
 

@@ -1,23 +1,12 @@
 #include "Account/LoginModel.h"
 
 #include "AppError.h"
+#include "CharacterCount.h"
 #include "EmailAddress.h"
-
-#include <QTextBoundaryFinder>
 
 using namespace Qt::StringLiterals;
 
 static constexpr int leastPasswordLength = 6;
-
-/// Characters as people count them: an accented letter or an emoji is one.
-static int characterCount(const QString& text)
-{
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
-    int count = 0;
-    while (finder.toNextBoundary() >= 0)
-        ++count;
-    return count;
-}
 
 /// What the fields lack; nullopt when they may be sent.
 std::optional<LoginModel::Retry> LoginModel::firstFault() const

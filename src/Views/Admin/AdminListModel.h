@@ -188,7 +188,7 @@ void AdminListOf<Record, Detail>::open(int place)
     selected_ = records_.at(place);
     selectedRow_ = rows().idAt(place);
     detail_ = std::make_shared<Detail>(context(), *selected_);
-    connect(detail_.get(), &EditPaneModel::changed, this, [this] { launch(load()); });
+    connect(detail_.get(), &EditPaneModel::changed, this, [this] { loadChange(); });
     connect(
         detail_.get(), &EditPaneModel::deleted, this, [this, opened = detail_.get()] { remove(*opened); });
     emit selectionChanged();
@@ -216,5 +216,5 @@ void AdminListOf<Record, Detail>::remove(const Detail& deleted)
     if (detail_.get() == &deleted)
         selectNone();
     emit selectionChanged();
-    launch(load());
+    loadChange();
 }

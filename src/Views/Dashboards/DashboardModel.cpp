@@ -1,34 +1,10 @@
 #include "Dashboards/DashboardModel.h"
 
-#include "AppError.h"
 #include "Launch.h"
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
-
-QCoro::Task<> DashboardModel::load()
-{
-    const auto self = keep(this);
-    const std::optional<AuthUser> user = signedInUser();
-    if (!user)
-        co_return;
-    const Turn turn = loads_.next();
-    isLoading = true;
-    try {
-        const Store store = co_await fetch(user->idToken);
-        if (!turn.isOvertaken()) {
-            loads_.finish(turn);
-            store();
-            emit loaded();
-        }
-    } catch (const AppError& error) {
-        if (!turn.isOvertaken())
-            fail(texts().failureTitle, error);
-    }
-    if (turn.isNewest())
-        isLoading = false;
-}
 
 void DashboardModel::run(const Shortcut& shortcut)
 {

@@ -114,8 +114,10 @@ QCoro::Task<> NotaryDashboardModel::accept(qint64 id)
     emit acceptingChanged();
     try {
         co_await api().acceptOpenCall(id, user->idToken);
-        if (!turn.isOver())
+        if (!turn.isOver()) {
+            outdateLoads();
             co_await load();
+        }
     } catch (const AppError& error) {
         fail(turn, u"Cannot Accept Session"_s, error);
     }

@@ -1,26 +1,24 @@
 #pragma once
 
 #include "Screen/EditPaneModel.h"
+#include "Screen/LoadingModel.h"
 #include "Screen/RowListModel.h"
 
 /// What the screens that work through records have in common: a list that can be searched, and the detail of
 /// the record that is selected in it.
-class ListScreenModel : public ScreenModel
+class ListScreenModel : public LoadingModel
 {
     Q_OBJECT
 
 public:
     explicit ListScreenModel(const ScreenContext& context);
 
-    QProperty<bool> isLoading{false};
     QProperty<QString> search;
 
     /// The rows of the records that pass the search and the pickers.
     RowListModel& rows() { return rows_; }
     const RowListModel& rows() const { return rows_; }
 
-    /// Loads the list. The newest load wins; a failed one leaves the list as it was.
-    QCoro::Task<> load();
     /// Loads all that is on screen again.
     virtual void refresh() = 0;
 
@@ -37,18 +35,7 @@ signals:
     /// Another record is selected, or the same one with other contents.
     void selectionChanged();
 
-protected:
-    /// Puts what was loaded in the place of what was there.
-    using Store = std::function<void()>;
-
-    /// Requests the records and derives their rows, off the main thread.
-    /// \throws AppError
-    virtual QCoro::Task<Store> fetch(QString idToken) = 0;
-    /// Of the alert when a load failed.
-    virtual QString loadFailureTitle() const = 0;
-
 private:
     RowListModel rows_;
-    Turns loads_;
     QPropertyNotifier onSearch_;
 };

@@ -12,6 +12,21 @@ SessionPeople sessionPeople(const SessionSummary& session)
     return people;
 }
 
+QString assignedNotaryLine(const SessionSummary& session)
+{
+    const bool isAssigned = session.raw.intValue(u"assigned_notary_id"_s).value_or(0) >= 1;
+    const QString nameless = isAssigned ? u"Name Not Known"_s : u"Not Assigned"_s;
+    return u"Assigned Notary: "_s + session.raw.string(u"assigned_notary_name"_s, nameless);
+}
+
+QString witnessLine(const SessionSummary& session)
+{
+    if (!session.raw.boolValue(u"requires_witness"_s))
+        return u"No Witness Required"_s;
+    const QString name = session.raw.string(u"witness_name"_s);
+    return name.isEmpty() ? u"Witness Required"_s : u"Witness Required: "_s + name;
+}
+
 RowTexts sessionRow(const SessionSummary& session, const QString& when)
 {
     const SessionPeople people = sessionPeople(session);

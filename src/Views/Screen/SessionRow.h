@@ -11,6 +11,11 @@ struct SessionPeople
 };
 SessionPeople sessionPeople(const SessionSummary& session);
 
+/// Which notary is assigned, if any, and whether a witness is required, and who: for everybody who reads
+/// about the session.
+QString assignedNotaryLine(const SessionSummary& session);
+QString witnessLine(const SessionSummary& session);
+
 /// The texts of one session's row in the sessions list.
 /// \param when  the session's displayDateTime(), which the caller has derived already
 RowTexts sessionRow(const SessionSummary& session, const QString& when);

@@ -36,6 +36,8 @@ public:
     Turn next() { return Turn(*this, ++newest_, epoch_.current()); }
     /// The run's result is there.
     void finish(const Turn& turn) { finished_ = turn.number_; }
+    /// The runs that have begun are overtaken, whatever becomes of the next one.
+    void outdate() { finished_ = newest_ + 1; }
 
 private:
     friend class Turn;

@@ -11,6 +11,7 @@
 #include "Components/SectionTitle.h"
 #include "Components/StackingRow.h"
 #include "Components/Switch.h"
+#include "Components/TextEditor.h"
 #include "Components/TextField.h"
 #include "Launch.h"
 #include "Lists/WorkButtons.h"
@@ -19,6 +20,9 @@
 using namespace Qt::StringLiterals;
 
 using Work = SessionDetailModel::Work;
+
+static constexpr int fewestNoteLines = 2;
+static constexpr int mostNoteLines = 6;
 
 static QList<ComboBox::Option> options(const QList<SessionDetailModel::Choice>& choices)
 {
@@ -60,6 +64,15 @@ static QWidget* notaryPicker(SessionDetailModel& model)
 }
 
 /// What a notary and an admin both begin with.
+/// A note takes whole sentences, so it has a row to itself and grows with its text.
+static QWidget* statusNote(SessionDetailModel& model)
+{
+    auto* note = new TextEditor(u"Status Note"_s);
+    note->setGrowing(mostNoteLines, fewestNoteLines);
+    bind(note, model.statusNote);
+    return note;
+}
+
 static FieldGrid* scheduleFields(SessionDetailModel& model)
 {
     auto* grid = new FieldGrid;
@@ -84,12 +97,13 @@ static Card* card(const QString& title, FieldGrid* fields, QWidget* buttons)
 Card* SessionControls::notary(SessionDetailModel& model)
 {
     FieldGrid* fields = scheduleFields(model);
-    fields->add(textField(u"Status Note"_s, {}, model.statusNote), FieldGrid::twoThirds, FieldGrid::half);
     auto* witness = new Switch(u"Witness Required"_s);
     bind(witness, model.requiresWitness);
-    fields->add(witness, FieldGrid::third, FieldGrid::half);
-    fields->add(
-        textField(u"Witness Name / Notes"_s, {}, model.witnessName), FieldGrid::twoThirds, FieldGrid::half);
+    fields->add(witness, FieldGrid::twoThirds, FieldGrid::half);
+    auto* name = textField(u"Witness Name / Notes"_s, {}, model.witnessName);
+    follow(name, model.requiresWitness, [name](bool required) { name->setEnabled(required); });
+    fields->add(name, FieldGrid::whole, FieldGrid::whole);
+    fields->add(statusNote(model), FieldGrid::whole, FieldGrid::whole);
 
     auto* save = new PrimaryButton(u"Save Notary Update"_s);
     showWork(save, model, Work::notaryUpdate);
@@ -105,7 +119,7 @@ Card* SessionControls::admin(SessionDetailModel& model)
 {
     FieldGrid* fields = scheduleFields(model);
     fields->add(notaryPicker(model), FieldGrid::twoThirds, FieldGrid::half);
-    fields->add(textField(u"Status Note"_s, {}, model.statusNote), FieldGrid::whole, FieldGrid::whole);
+    fields->add(statusNote(model), FieldGrid::whole, FieldGrid::whole);
 
     auto* remove = new DestructiveButton(u"Delete Session"_s, u"trash"_s);
     auto* save = new PrimaryButton(u"Save Admin Changes"_s);

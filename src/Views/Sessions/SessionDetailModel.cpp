@@ -81,6 +81,8 @@ QCoro::Task<> SessionDetailModel::load()
         co_await loadAll(turn, user->idToken);
     } catch (const AppError& error) {
         fail(turn, u"Cannot Load Session"_s, error);
+        if (!turn.isOver())
+            passOverTheRest();
     }
     if (turn.isNewest())
         isLoading = false;
@@ -93,23 +95,11 @@ QCoro::Task<> SessionDetailModel::loadAll(Turn turn, QString token)
         co_return;
     show(std::move(session));
 
-    const Turn thread = messages_->nextLoad();
-    QList<SessionMessage> messages = co_await api().getSessionMessages(sessionId_, token);
+    co_await messages_->receive(token);
     if (turn.isOver())
         co_return;
-    if (!thread.isOver())
-        messages_->setMessages(std::move(messages));
-    hasMessages = true;
-
-    const Turn list = documents_->nextLoad();
-    QList<RemoteDocumentUpload> documents = co_await api().getSessionDocuments(sessionId_, token);
-    if (turn.isOver())
-        co_return;
-    if (!list.isOver())
-        documents_->setDocuments(std::move(documents));
-    hasDocuments = true;
-
-    if (!hasAdminControls())
+    co_await documents_->receive(token);
+    if (turn.isOver() || !hasAdminControls())
         co_return;
     QList<RemoteNotaryOption> notaries = co_await api().getAdminNotaries(token);
     if (turn.isOver())
@@ -146,19 +136,21 @@ void SessionDetailModel::endView()
         close();
 }
 
-bool SessionDetailModel::holds(AppRole role) const
+/// The first failure has ended the load: the parts behind it have not been asked for.
+void SessionDetailModel::passOverTheRest()
 {
-    return context().auth.availableRoles().contains(role);
+    messages_->passOver();
+    documents_->passOver();
 }
 
 bool SessionDetailModel::hasNotaryControls() const
 {
-    return holds(AppRole::notary);
+    return context().auth.role() == AppRole::notary;
 }
 
 bool SessionDetailModel::hasAdminControls() const
 {
-    return holds(AppRole::admin);
+    return context().auth.role() == AppRole::admin;
 }
 
 bool SessionDetailModel::canCancel() const

@@ -39,9 +39,6 @@ public:
     QProperty<QString> witnessName;
 
     QProperty<bool> isLoading{false};
-    /// The thread and the documents have been loaded once: until then nothing is known about them.
-    QProperty<bool> hasMessages{false};
-    QProperty<bool> hasDocuments{false};
 
     /// The record, once it has been loaded.
     const std::optional<SessionSummary>& session() const { return session_; }
@@ -54,7 +51,7 @@ public:
     /// The notaries to choose from, by their ids. "Not Assigned" is among them as long as nobody is assigned;
     /// whoever is assigned is always among them.
     QList<Choice> notaryChoices() const;
-    /// Whether the signed-in user holds the role, active or not.
+    /// Whether the active role is the one that changes a session in this way.
     bool hasNotaryControls() const;
     bool hasAdminControls() const;
     bool canCancel() const;
@@ -63,8 +60,8 @@ public:
     /// What would be lost with this model: here, in the thread, or among the documents.
     LeaveGuard::Unfinished unfinished() const override;
 
-    /// Loads the record, the thread, the documents and, for an admin, the notaries, in this order; the first
-    /// failure ends it. The newest load wins.
+    /// Loads the record, the thread, the documents and, for the admin controls, the notaries, in this order;
+    /// the first failure ends it. The newest load wins.
     QCoro::Task<> load();
     /// Each of these tells about the change once the bridge has accepted it. After all but a deletion the
     /// session is loaded again.
@@ -95,7 +92,7 @@ private:
     void loadFields(const SessionSummary& session);
     void show(SessionSummary session);
     QCoro::Task<> loadAll(Turn turn, QString token);
-    bool holds(AppRole role) const;
+    void passOverTheRest();
 
     qint64 sessionId_;
     int views_ = 0;

@@ -29,19 +29,19 @@ SessionDetailPage::SessionDetailPage(SessionDetailModel& model, QWidget* parent)
     auto* notary = SessionControls::notary(model_);
     auto* admin = SessionControls::admin(model_);
     auto* messages = new SessionMessagesCard(model_.messages());
-    auto* documents = new SessionDocumentsCard(model_.documents(), *this);
     add(leading_, summary);
     add(leading_, notary);
     add(leading_, admin);
     add(trailing_, messages);
-    add(trailing_, documents);
+    add(trailing_, new SessionDocumentsCard(model_.documents(), *this));
 
-    follow(this, model_.context().auth.user, [this, notary, admin](const std::optional<AuthUser>&) {
+    const auto showControls = [this, notary, admin] {
         notary->setVisible(model_.hasNotaryControls());
         admin->setVisible(model_.hasAdminControls());
-    });
-    follow(this, model_.hasMessages, [messages](bool known) { messages->setVisible(known); });
-    follow(this, model_.hasDocuments, [documents](bool known) { documents->setVisible(known); });
+    };
+    AuthManager& auth = model_.context().auth;
+    follow(this, auth.user, [showControls](const std::optional<AuthUser>&) { showControls(); });
+    follow(this, auth.activeRole, [showControls](AppRole) { showControls(); });
     connect(this, &Page::compactChanged, this, &SessionDetailPage::arrangeCards);
     arrangeCards();
 }

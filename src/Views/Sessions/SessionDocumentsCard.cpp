@@ -3,7 +3,6 @@
 #include "Accessibility.h"
 #include "AlertPresenter.h"
 #include "Bindings.h"
-#include "Components/PlainLabel.h"
 #include "Components/PrimaryButton.h"
 #include "Components/SecondaryButton.h"
 #include "Components/SectionTitle.h"
@@ -11,6 +10,7 @@
 #include "Launch.h"
 #include "Sessions/SessionDocumentList.h"
 #include "Sessions/SessionDocumentsModel.h"
+#include "Sessions/SessionPartState.h"
 #include "Uploads/PendingUploads.h"
 #include "Uploads/UploadDropArea.h"
 #include "Uploads/UploadProgress.h"
@@ -54,20 +54,26 @@ SessionDocumentsCard::~SessionDocumentsCard()
 
 void SessionDocumentsCard::addDocuments(QScrollArea& page)
 {
-    auto* none
-        = new PlainLabel(u"No files have been uploaded into this session yet."_s, Type::body, Brand::steel);
+    auto* state = new SessionPartState(
+        {u"Loading files..."_s, u"No files have been uploaded into this session yet."_s,
+            u"The files could not be loaded."_s, u"Try Again to Load the Files"_s});
     auto* list = new SessionDocumentList(page);
-    add(none);
+    add(state);
     add(list);
+    connect(state, &SessionPartState::againRequested, this, [this] { launch(model_->loadDocuments()); });
     connect(list, &SessionDocumentList::openRequested, model_.get(), &SessionDocumentsModel::openUpload);
-    const auto showDocuments = [this, none, list] {
-        const QList<RemoteDocumentUpload>& documents = model_->documents();
-        list->setDocuments(documents);
-        list->setVisible(!documents.isEmpty());
-        none->setVisible(documents.isEmpty());
+    const auto showState = [&model = *model_, state] {
+        state->show(model.isLoaded.value(), model.isMissing.value(), model.documents().isEmpty());
+    };
+    const auto showDocuments = [this, list, showState] {
+        list->setDocuments(model_->documents());
+        list->setVisible(!model_->documents().isEmpty());
+        showState();
     };
     connect(model_.get(), &SessionDocumentsModel::documentsChanged, this, showDocuments);
     showDocuments();
+    follow(state, model_->isLoaded, [showState](bool) { showState(); });
+    follow(state, model_->isMissing, [showState](bool) { showState(); });
 }
 
 void SessionDocumentsCard::addDropArea()

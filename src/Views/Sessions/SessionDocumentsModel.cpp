@@ -16,12 +16,6 @@ SessionDocumentsModel::SessionDocumentsModel(const ScreenContext& context, qint6
     });
 }
 
-void SessionDocumentsModel::setDocuments(QList<RemoteDocumentUpload> documents)
-{
-    documents_ = std::move(documents);
-    emit documentsChanged();
-}
-
 QString SessionDocumentsModel::icon(const RemoteDocumentUpload& document)
 {
     return DesktopFileHelpers::icon(document.fileName());
@@ -30,6 +24,36 @@ QString SessionDocumentsModel::icon(const RemoteDocumentUpload& document)
 QString SessionDocumentsModel::uploader(const RemoteDocumentUpload& document)
 {
     return document.raw.string(u"uploaded_by_name"_s);
+}
+
+QCoro::Task<> SessionDocumentsModel::receive(QString idToken)
+{
+    const auto self = keep(this);
+    const Turn turn = loads_.next();
+    isMissing = false;
+    try {
+        const QList<RemoteDocumentUpload> received = co_await api().getSessionDocuments(sessionId_, idToken);
+        if (!turn.isOver())
+            setDocuments(received);
+    } catch (const AppError&) {
+        if (turn.isOver())
+            co_return;
+        isMissing = true;
+        throw;
+    }
+}
+
+void SessionDocumentsModel::setDocuments(QList<RemoteDocumentUpload> documents)
+{
+    documents_ = std::move(documents);
+    emit documentsChanged();
+    isLoaded = true;
+}
+
+void SessionDocumentsModel::passOver()
+{
+    if (!isLoaded.value())
+        isMissing = true;
 }
 
 QCoro::Task<> SessionDocumentsModel::loadDocuments()
@@ -43,14 +67,11 @@ QCoro::Task<> SessionDocumentsModel::load(Failures failures)
     const std::optional<AuthUser> user = signedInUser();
     if (!user)
         co_return;
-    const Turn turn = loads_.next();
     try {
-        QList<RemoteDocumentUpload> loaded = co_await api().getSessionDocuments(sessionId_, user->idToken);
-        if (!turn.isOver())
-            setDocuments(std::move(loaded));
+        co_await receive(user->idToken);
     } catch (const AppError& error) {
         if (failures == Failures::shown || isSessionExpired(error))
-            fail(turn, u"Cannot Load Files"_s, error);
+            fail(u"Cannot Load Files"_s, error);
     }
 }
 
@@ -81,6 +102,12 @@ QCoro::Task<> SessionDocumentsModel::uploadPendingFiles()
     // Beside the failure that is on screen already, another one would only hide it.
     if (!sent->isEmpty() && !isClosed_)
         co_await load(isComplete ? Failures::shown : Failures::hidden);
+}
+
+void SessionDocumentsModel::close()
+{
+    isClosed_ = true;
+    loads_.next();
 }
 
 /// The address under which the document is to be had.

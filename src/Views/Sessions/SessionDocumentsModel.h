@@ -14,19 +14,25 @@ public:
     SessionDocumentsModel(const ScreenContext& context, qint64 sessionId);
 
     QProperty<bool> isUploadingFiles{false};
+    /// The list has been loaded once: until then nothing is known about it.
+    QProperty<bool> isLoaded{false};
+    /// The last load that was to bring the list ended without it.
+    QProperty<bool> isMissing{false};
 
     const QList<RemoteDocumentUpload>& documents() const { return documents_; }
-    /// Takes over a list that somebody else has loaded.
+    /// Takes over a list that has been loaded.
     void setDocuments(QList<RemoteDocumentUpload> documents);
-    /// The turn of somebody who begins to load the list: when it is over, a later load has begun, and what
-    /// they received is not to be handed over any more.
-    Turn nextLoad() { return loads_.next(); }
     /// The symbol of a document's kind, told by its file name.
     static QString icon(const RemoteDocumentUpload& document);
     static QString uploader(const RemoteDocumentUpload& document);
 
-    /// The newest load wins; a failed one leaves the list as it was.
+    /// Loads the list. The newest load wins; a failed one leaves the list as it was.
     QCoro::Task<> loadDocuments();
+    /// The same for somebody who tells of failures themselves.
+    /// \throws AppError unless a newer load has begun
+    QCoro::Task<> receive(QString idToken);
+    /// The load of the session has ended before it came to the documents.
+    void passOver();
     /// Sends the pending files and loads the list again. Nothing happens while an upload is under way, or
     /// when no file is pending. Files that are added meanwhile wait for the next press, so that they can be
     /// labelled first. After a failure the files that have not arrived are pending still.
@@ -39,9 +45,9 @@ public:
 
     bool hasUnsentWork() const override { return !pendingUploads().isEmpty(); }
 
-    /// Nobody looks at the documents any more: an upload still runs to its end, but nothing is loaded after
-    /// it.
-    void close() { isClosed_ = true; }
+    /// Nobody looks at the documents any more: an upload still runs to its end, but what is being loaded
+    /// counts no longer, and no more is asked for.
+    void close();
     void reopen() { isClosed_ = false; }
 
 signals:

@@ -3,7 +3,6 @@
 #include "Accessibility.h"
 #include "AlertPresenter.h"
 #include "Bindings.h"
-#include "Components/PlainLabel.h"
 #include "Components/PrimaryButton.h"
 #include "Components/SectionTitle.h"
 #include "Components/StackingRow.h"
@@ -11,6 +10,7 @@
 #include "Launch.h"
 #include "Sessions/SessionMessageThread.h"
 #include "Sessions/SessionMessagesModel.h"
+#include "Sessions/SessionPartState.h"
 
 #include <QPlainTextEdit>
 #include <QShortcut>
@@ -43,18 +43,24 @@ SessionMessagesCard::~SessionMessagesCard()
 
 void SessionMessagesCard::addThread()
 {
-    auto* none = new PlainLabel(u"No messages yet."_s, Type::body, Brand::steel);
+    auto* state = new SessionPartState({u"Loading messages..."_s, u"No messages yet."_s,
+        u"The messages could not be loaded."_s, u"Try Again to Load the Messages"_s});
     thread_ = new SessionMessageThread;
-    add(none);
+    add(state);
     add(thread_);
-    const auto showThread = [this, none] {
-        const QList<SessionMessage>& messages = model_->messages();
-        thread_->setMessages(messages);
-        thread_->setVisible(!messages.isEmpty());
-        none->setVisible(messages.isEmpty());
+    connect(state, &SessionPartState::againRequested, this, [this] { launch(model_->loadMessages()); });
+    const auto showState = [&model = *model_, state] {
+        state->show(model.isLoaded.value(), model.isMissing.value(), model.messages().isEmpty());
+    };
+    const auto showThread = [this, showState] {
+        thread_->setMessages(model_->messages());
+        thread_->setVisible(!model_->messages().isEmpty());
+        showState();
     };
     connect(model_.get(), &SessionMessagesModel::messagesChanged, this, showThread);
     showThread();
+    follow(state, model_->isLoaded, [showState](bool) { showState(); });
+    follow(state, model_->isMissing, [showState](bool) { showState(); });
 }
 
 void SessionMessagesCard::addEditor()

@@ -29,12 +29,36 @@ QString SessionMessagesModel::roleTitle(const SessionMessage& message)
     return word;
 }
 
+QCoro::Task<> SessionMessagesModel::receive(QString idToken)
+{
+    const auto self = keep(this);
+    const Turn turn = loads_.next();
+    isMissing = false;
+    try {
+        const QList<SessionMessage> received = co_await api().getSessionMessages(sessionId_, idToken);
+        if (!turn.isOver())
+            setMessages(received);
+    } catch (const AppError&) {
+        if (turn.isOver())
+            co_return;
+        isMissing = true;
+        throw;
+    }
+}
+
 void SessionMessagesModel::setMessages(QList<SessionMessage> messages)
 {
-    if (messages == messages_)
-        return;
-    messages_ = std::move(messages);
-    emit messagesChanged();
+    if (messages != messages_) {
+        messages_ = std::move(messages);
+        emit messagesChanged();
+    }
+    isLoaded = true;
+}
+
+void SessionMessagesModel::passOver()
+{
+    if (!isLoaded.value())
+        isMissing = true;
 }
 
 QCoro::Task<> SessionMessagesModel::loadMessages()
@@ -43,13 +67,10 @@ QCoro::Task<> SessionMessagesModel::loadMessages()
     const std::optional<AuthUser> user = signedInUser();
     if (!user)
         co_return;
-    const Turn turn = loads_.next();
     try {
-        QList<SessionMessage> loaded = co_await api().getSessionMessages(sessionId_, user->idToken);
-        if (!turn.isOver())
-            setMessages(std::move(loaded));
+        co_await receive(user->idToken);
     } catch (const AppError& error) {
-        fail(turn, u"Cannot Load Messages"_s, error);
+        fail(u"Cannot Load Messages"_s, error);
     }
 }
 
@@ -76,6 +97,12 @@ QCoro::Task<> SessionMessagesModel::sendMessage()
     isSending = false;
     if (hasArrived && !isClosed_)
         co_await loadMessages();
+}
+
+void SessionMessagesModel::close()
+{
+    isClosed_ = true;
+    loads_.next();
 }
 
 /// A draft that was rewritten in the meantime stays as it is: better said twice than lost.

@@ -16,6 +16,10 @@ public:
     /// What is being written, as typed.
     QProperty<QString> newMessage;
     QProperty<bool> isSending{false};
+    /// The thread has been loaded once: until then nothing is known about it.
+    QProperty<bool> isLoaded{false};
+    /// The last load that was to bring the thread ended without it.
+    QProperty<bool> isMissing{false};
 
     /// In the order received: the newest last.
     const QList<SessionMessage>& messages() const { return messages_; }
@@ -23,14 +27,16 @@ public:
     static QString icon(const SessionMessage& message);
     /// The sender's role as people read it, e.g. "Notary".
     static QString roleTitle(const SessionMessage& message);
-    /// Takes over a thread that somebody else has loaded.
+    /// Takes over a thread that has been loaded.
     void setMessages(QList<SessionMessage> messages);
-    /// The turn of somebody who begins to load the thread: when it is over, a later load has begun, and what
-    /// they received is not to be handed over any more.
-    Turn nextLoad() { return loads_.next(); }
 
-    /// The newest load wins; a failed one leaves the thread as it was.
+    /// Loads the thread. The newest load wins; a failed one leaves the thread as it was.
     QCoro::Task<> loadMessages();
+    /// The same for somebody who tells of failures themselves.
+    /// \throws AppError unless a newer load has begun
+    QCoro::Task<> receive(QString idToken);
+    /// The load of the session has ended before it came to the thread.
+    void passOver();
     /// Sends what is written, trimmed, and loads the thread again. Nothing happens while a message is on its
     /// way, or when there is nothing to send. What is sent leaves the draft once it has arrived; whatever was
     /// typed behind it in the meantime stays.
@@ -38,9 +44,9 @@ public:
 
     bool hasUnsentWork() const override { return !newMessage.value().trimmed().isEmpty(); }
 
-    /// Nobody looks at the thread any more: a message on its way still arrives, but nothing is loaded after
-    /// it.
-    void close() { isClosed_ = true; }
+    /// Nobody looks at the thread any more: a message on its way still arrives, but what is being loaded
+    /// counts no longer, and no more is asked for.
+    void close();
     void reopen() { isClosed_ = false; }
 
 signals:

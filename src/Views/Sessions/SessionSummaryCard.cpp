@@ -12,9 +12,6 @@
 
 #include <QGridLayout>
 
-#include <algorithm>
-#include <array>
-
 using namespace Qt::StringLiterals;
 
 static constexpr int betweenFacts = 12;
@@ -24,7 +21,8 @@ static constexpr int twoColumnsFrom = 240;
 SessionSummaryCard::SessionSummaryCard(QWidget* parent)
     : Card(Spacing::card, parent), reference_(new PlainLabel({}, Type::small, Brand::steel)),
       names_(new PlainLabel({}, Type::heading)), status_(new StatusPill), facts_(new QGridLayout),
-      notary_(new SymbolLine(u"checkmark.seal.fill"_s, {})), cancel_(new SecondaryButton(u"Cancel Session"_s))
+      witness_(new SymbolLine(u"person.2.fill"_s, {})), notary_(new SymbolLine(u"checkmark.seal.fill"_s, {})),
+      cancel_(new SecondaryButton(u"Cancel Session"_s))
 {
     Accessibility::setRole(this, QAccessible::Grouping);
     setAccessibleName(u"Session"_s);
@@ -45,10 +43,10 @@ SessionSummaryCard::SessionSummaryCard(QWidget* parent)
     row->add(notary_, 1, Qt::AlignVCenter);
     row->addStretch();
     row->add(cancel_);
-    lastRow_ = row;
     auto* rows = Layouts::column(betweenFacts);
     rows->addLayout(facts_);
-    rows->addWidget(lastRow_);
+    rows->addWidget(witness_);
+    rows->addWidget(row);
     add(rows, 16);
 }
 
@@ -81,15 +79,12 @@ void SessionSummaryCard::setSession(const SessionSummary& session)
     }
     arrangeFacts();
 
-    const QString notary = session.raw.string(u"assigned_notary_name"_s);
-    const QString assigned = u"Assigned Notary: "_s + notary;
-    notary_->setText(assigned);
-    notary_->setVisible(!notary.isEmpty());
-    if (!notary.isEmpty())
-        told += assigned;
+    witness_->setText(witnessLine(session));
+    notary_->setText(assignedNotaryLine(session));
+    witness_->setSpokenText(witness_->text() + u',');
+    told << witness_->text() << notary_->text();
     setAccessibleDescription(told.join(u", "_s));
     cancel_->setVisible(session.canCancel());
-    lastRow_->setVisible(!notary.isEmpty() || session.canCancel());
 }
 
 void SessionSummaryCard::resizeEvent(QResizeEvent* event)
@@ -98,20 +93,17 @@ void SessionSummaryCard::resizeEvent(QResizeEvent* event)
     arrangeFacts();
 }
 
-/// Two columns share the room in the ratio of what they need, so that an address is cut off last; where large
-/// text leaves too little room for two, there is one.
+/// Two halves, so that the second column stands where it stood in the session before; where large text leaves
+/// too little room for two, there is one.
 void SessionSummaryCard::arrangeFacts()
 {
     const int columns = width() < Type::scaled(twoColumnsFrom) ? 1 : 2;
-    std::array<int, 2> needed{};
     for (int place = 0; place < int(lines_.size()); ++place) {
-        SymbolLine* line = lines_.at(place);
-        const int column = place % columns;
-        facts_->addWidget(line, place / columns, column);
-        int& width = needed.at(size_t(column));
-        width = std::max(width, line->sizeHint().width());
+        // What a line would like to have must not move the middle.
+        lines_.at(place)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        facts_->addWidget(lines_.at(place), place / columns, place % columns);
     }
-    facts_->setColumnStretch(0, needed[0]);
-    facts_->setColumnStretch(1, needed[1]);
+    facts_->setColumnStretch(0, 1);
+    facts_->setColumnStretch(1, columns - 1);
     facts_->setHorizontalSpacing(columns == 1 ? 0 : besideFact);
 }

@@ -33,7 +33,7 @@ private:
     StatusPill* status_;
     QGridLayout* facts_;
     QList<SymbolLine*> lines_; ///< in facts_
+    SymbolLine* witness_;
     SymbolLine* notary_;
     SecondaryButton* cancel_;
-    QWidget* lastRow_;
 };

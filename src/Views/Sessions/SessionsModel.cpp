@@ -12,10 +12,11 @@
 using namespace Qt::StringLiterals;
 
 SessionsModel::SessionsModel(const ScreenContext& context)
-    : ListScreenModel(context), shownRole_(context.auth.role())
+    : ListScreenModel(context), role(context.auth.role())
 {
     onStatusFilter_ = statusFilter.addNotifier([this] { filterByStatus(); });
-    onRole_ = auth().activeRole.addNotifier([this] { roleChanged(); });
+    onUser_ = auth().user.addNotifier([this] { followRole(); });
+    onActiveRole_ = auth().activeRole.addNotifier([this] { followRole(); });
 }
 
 SessionsModel::~SessionsModel()
@@ -69,19 +70,21 @@ RoleTexts roleTexts(AppRole role)
 
 QString SessionsModel::subtitle() const
 {
-    return roleTexts(context().auth.role()).subtitle;
+    return roleTexts(role.value()).subtitle;
 }
 
-/// Another role sees other sessions.
-void SessionsModel::roleChanged()
+/// Another role sees other sessions. Those of the old one go at once, whatever becomes of the load.
+void SessionsModel::followRole()
 {
     // Somebody who comes back after their session has ended finds what they were at.
-    if (!auth().isSignedIn() || auth().role() == shownRole_)
+    if (!auth().isSignedIn() || auth().role() == role.value())
         return;
-    shownRole_ = auth().role();
+    role = auth().role();
+    discardOnWorker(std::exchange(sessions_, {}));
+    rows().setContent({});
     selectNone();
     emit selectionChanged();
-    launch(load());
+    loadChange();
 }
 
 QString SessionsModel::loadFailureTitle() const
@@ -91,7 +94,7 @@ QString SessionsModel::loadFailureTitle() const
 
 QCoro::Task<SessionsModel::Store> SessionsModel::fetch(QString idToken)
 {
-    const QString scope = roleTexts(auth().role()).scope;
+    const QString scope = roleTexts(role.value()).scope;
     QList<SessionSummary> received = co_await api().getSessions(scope, QString(), idToken);
     auto preparing = [received = std::move(received)]() mutable { return prepare(std::move(received)); };
     const QFuture<Loaded> prepared = onWorker(std::move(preparing));
@@ -191,7 +194,7 @@ void SessionsModel::selectNone()
 void SessionsModel::openDetail(qint64 id)
 {
     detail_ = std::make_shared<SessionDetailModel>(context(), id);
-    connect(detail_.get(), &SessionDetailModel::changed, this, [this] { launch(load()); });
+    connect(detail_.get(), &SessionDetailModel::changed, this, [this] { loadChange(); });
     connect(detail_.get(), &SessionDetailModel::deleted, this, [this, id] { remove(id); });
 }
 
@@ -205,7 +208,7 @@ void SessionsModel::remove(qint64 id)
     if (selectedSession_ && selectedSession_->id == id)
         selectNone();
     emit selectionChanged();
-    launch(load());
+    loadChange();
 }
 
 std::optional<qint64> SessionsModel::selectedRow() const

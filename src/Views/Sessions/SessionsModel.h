@@ -22,6 +22,8 @@ public:
     static const QList<StatusOption>& statuses();
     static QString searchPlaceholder();
 
+    /// The role whose sessions these are: the active one of whoever is signed in.
+    QProperty<AppRole> role;
     QProperty<QString> statusFilter;
 
     /// The loaded sessions, latest first.
@@ -42,7 +44,6 @@ public:
     void refresh() override;
 
 protected:
-    /// For the active role.
     QCoro::Task<Store> fetch(QString idToken) override;
     QString loadFailureTitle() const override;
 
@@ -60,13 +61,13 @@ private:
     void openDetail(qint64 id);
     void remove(qint64 id);
     void filterByStatus();
-    void roleChanged();
+    void followRole();
     const SessionSummary* find(qint64 id) const;
 
     QList<SessionSummary> sessions_;
     std::optional<SessionSummary> selectedSession_;
     std::shared_ptr<SessionDetailModel> detail_;
-    AppRole shownRole_; ///< whose sessions are listed
     QPropertyNotifier onStatusFilter_;
-    QPropertyNotifier onRole_;
+    QPropertyNotifier onUser_;
+    QPropertyNotifier onActiveRole_;
 };

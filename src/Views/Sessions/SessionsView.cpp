@@ -39,6 +39,5 @@ SessionsView::SessionsView(std::shared_ptr<SessionsModel> model, QWidget* parent
         model, texts(), recordRows(), [model] { return makeDetail(*model); }, parent)
 {
     lists()->addFilter(statusPicker(*model));
-    follow(this, model->context().auth.activeRole,
-        [this, model](AppRole) { lists()->setSubtitle(model->subtitle()); });
+    follow(this, model->role, [this, model](AppRole) { lists()->setSubtitle(model->subtitle()); });
 }

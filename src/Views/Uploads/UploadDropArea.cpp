@@ -1,28 +1,13 @@
 #include "Uploads/UploadDropArea.h"
 
+#include "Bindings.h"
 #include "Uploads/UploadsModel.h"
-
-#include <QDragEnterEvent>
 
 UploadDropArea::UploadDropArea(UploadsModel& model, const QString& systemImage, const QString& heading,
     const QStringList& lines, QWidget* parent)
-    : DropArea(systemImage, heading, lines, parent), model_(model)
-{ }
-
-void UploadDropArea::dragEnterEvent(QDragEnterEvent* event)
+    : DropArea(systemImage, heading, lines, parent)
 {
-    DropArea::dragEnterEvent(event);
-    model_.isDropTarget = event->isAccepted();
-}
-
-void UploadDropArea::dragLeaveEvent(QDragLeaveEvent* event)
-{
-    DropArea::dragLeaveEvent(event);
-    model_.isDropTarget = false;
-}
-
-void UploadDropArea::dropEvent(QDropEvent* event)
-{
-    model_.isDropTarget = false;
-    DropArea::dropEvent(event);
+    connect(
+        this, &DropArea::hoveredChanged, &model, [&model](bool hovered) { model.isDropTarget = hovered; });
+    follow(this, model.isDropTarget, [this](bool hovered) { setHovered(hovered); });
 }

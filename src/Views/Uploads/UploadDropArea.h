@@ -4,7 +4,7 @@
 
 class UploadsModel;
 
-/// A drop area whose model knows while files hover over it. The model must outlive it.
+/// A drop area whose highlight is its model's `isDropTarget`. The model must outlive it.
 class UploadDropArea : public DropArea
 {
     Q_OBJECT
@@ -12,12 +12,4 @@ class UploadDropArea : public DropArea
 public:
     UploadDropArea(UploadsModel& model, const QString& systemImage, const QString& heading,
         const QStringList& lines, QWidget* parent = nullptr);
-
-protected:
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dragLeaveEvent(QDragLeaveEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
-
-private:
-    UploadsModel& model_;
 };

@@ -76,10 +76,12 @@ def _tightest(stage):
 
 
 def _controls(stage):
-    """What notary and office may do with a session."""
+    """What notary and office may do with a session, each in their own workspace."""
     stage.open("Sessions")
-    for button in ("Save Notary Update", "Save Admin Changes"):
-        _picture_of(stage, button, f"sessions-{button.split()[1].lower()}-controls")
+    for role, button in (("Notary", "Save Notary Update"), ("Admin", "Save Admin Changes")):
+        stage.person.choose("Role", role)
+        stage.wait_until_loaded()
+        _picture_of(stage, button, f"sessions-{role.lower()}-controls")
 
 
 def _settings(stage):

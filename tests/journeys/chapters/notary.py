@@ -58,9 +58,9 @@ def confirm(stage):
     expect_equal(stage.screen.wait("text", "Confirmed Date", controls).text, session["preferred_date"],
                  "the date before it is confirmed")
     stage.person.choose("Status", "rescheduled", controls)
+    stage.person.turn("Witness Required", True, controls)
     for caption, text in CONFIRMED.items():
         stage.person.fill(caption, text, controls)
-    stage.person.turn("Witness Required", True, controls)
     stage.picture("sessions-notary-edited")
     stage.person.press_button("Save Notary Update", controls)
     stage.person.read_alert("Saved", "Notary update was saved.")
