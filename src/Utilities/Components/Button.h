@@ -22,7 +22,6 @@ public:
 
     QString title() const { return title_; }
     void setTitle(const QString& title);
-    QString systemImage() const { return symbol_; }
     /// \param symbol  empty for none
     void setSystemImage(const QString& symbol);
     const QString& systemImage() const { return symbol_; }

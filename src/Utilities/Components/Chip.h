@@ -21,7 +21,6 @@ public:
     explicit Chip(
         const QString& systemImage, int edge = 36, Look look = Look::soft, QWidget* parent = nullptr);
 
-    QString systemImage() const { return symbol_; }
     void setSystemImage(const QString& symbol);
     const QString& systemImage() const { return symbol_; }
     /// Where the symbol is to be smaller or larger than usual, in pixels of the design.

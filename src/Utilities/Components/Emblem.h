@@ -11,7 +11,6 @@ public:
     /// \param symbolEdge  of the symbol's box, in pixels at the design's text size
     explicit Emblem(const QString& systemImage, int symbolEdge = 32, QWidget* parent = nullptr);
 
-    QString systemImage() const { return symbol_; }
     void setSystemImage(const QString& symbol);
     const QString& systemImage() const { return symbol_; }
 

@@ -13,7 +13,6 @@ public:
     /// \param edge  of the square in pixels
     SymbolView(const QString& systemImage, int edge, Brand::Tone tone, QWidget* parent = nullptr);
 
-    QString systemImage() const { return symbol_; }
     void setSystemImage(const QString& symbol);
     const QString& systemImage() const { return symbol_; }
     QSize sizeHint() const override { return {edge_, edge_}; }

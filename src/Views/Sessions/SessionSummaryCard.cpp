@@ -79,10 +79,12 @@ void SessionSummaryCard::setSession(const SessionSummary& session)
     }
     arrangeFacts();
 
-    witness_->setText(witnessLine(session));
-    notary_->setText(assignedNotaryLine(session));
-    witness_->setSpokenText(witness_->text() + u',');
-    told << witness_->text() << notary_->text();
+    const QString witness = witnessLine(session);
+    const QString notary = assignedNotaryLine(session);
+    witness_->setText(witness);
+    witness_->setSpokenText(witness + u',');
+    notary_->setText(notary);
+    told << witness << notary;
     setAccessibleDescription(told.join(u", "_s));
     cancel_->setVisible(session.canCancel());
 }
