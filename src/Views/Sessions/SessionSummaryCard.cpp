@@ -16,7 +16,9 @@ using namespace Qt::StringLiterals;
 
 static constexpr int betweenFacts = 12;
 static constexpr int besideFact = 16;
-static constexpr int twoColumnsFrom = 240;
+static constexpr int rowsFrom = 240;
+/// Half of it holds the longest word of a document's type.
+static constexpr int twoColumnsFrom = 300;
 
 SessionSummaryCard::SessionSummaryCard(QWidget* parent)
     : Card(Spacing::card, parent), reference_(new PlainLabel({}, Type::small, Brand::steel)),
@@ -28,7 +30,7 @@ SessionSummaryCard::SessionSummaryCard(QWidget* parent)
     setAccessibleName(u"Session"_s);
     reference_->setFit(PlainLabel::Fit::elide);
     auto* heading = new StackingRow(12);
-    heading->setStackedBelow(twoColumnsFrom);
+    heading->setStackedBelow(rowsFrom);
     heading->add(Layouts::holding(Layouts::column(0, {reference_, names_})), 1);
     heading->add(status_, 0, Qt::AlignTop);
     add(heading);
@@ -39,7 +41,7 @@ SessionSummaryCard::SessionSummaryCard(QWidget* parent)
 
     cancel_->setButtonSize(Button::Size::small);
     auto* row = new StackingRow(Spacing::fieldsAcross);
-    row->setStackedBelow(twoColumnsFrom);
+    row->setStackedBelow(rowsFrom);
     row->add(notary_, 1, Qt::AlignVCenter);
     row->addStretch();
     row->add(cancel_);

@@ -123,9 +123,11 @@ void MainWindow::showScreen()
     setWindowTitle(model_.windowTitle());
     QWidget* screen = makeScreen();
     // By its name a screen reader tells whoever is led into it, by a shortcut or a sign-in, where they are;
-    // in this role without reading out all of its texts.
+    // in this role without reading out all of its texts. A section and the sign-in before it differ in their
+    // names, because what is called the same is taken for where the person is already.
     Accessibility::setRole(screen, QAccessible::LayeredPane);
-    screen->setAccessibleName(model_.windowTitle());
+    const bool asksForSignIn = model_.gate() == MainWindowModel::Gate::signIn;
+    screen->setAccessibleName(asksForSignIn ? model_.windowTitle() + u", Sign In"_s : model_.windowTitle());
     content_->setScreen(screen);
 }
 

@@ -69,7 +69,7 @@ def _hear_session(stage, reader):
     stage.screen.wait("push button", "Cancel Session")
     reader.forget()
     hands.press("F6")
-    reader.wait_for("Session panel.", f"{display_date_time(session)}, Assigned Notary: ", "Cancel Session push button.")
+    reader.wait_for("Session panel.", f"{display_date_time(session)}, No Witness Required, Assigned Notary: ", "Cancel Session push button.")
 
 
 def _send_message(stage, reader):
