@@ -102,6 +102,8 @@ class Desktop:
             "TZ": "America/Los_Angeles",
             "QT_QPA_PLATFORM": "xcb",
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
+            # What the desktop's services would keep in the home of the client, which is looked into.
+            "GSETTINGS_BACKEND": "memory",
         }
         for variable, name in {"XDG_CONFIG_HOME": ".config", "XDG_DATA_HOME": ".local/share",
                                "XDG_CACHE_HOME": ".cache", "XDG_STATE_HOME": ".local/state",
