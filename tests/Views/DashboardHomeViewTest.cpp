@@ -73,6 +73,24 @@ TEST_F(DashboardHomeViewTest, ItsButtonsDoWhatTheySay)
     EXPECT_EQ(buttons(), (QStringList{u"Book Remote Notary"_s, u"Sessions"_s, u"Website"_s}));
 }
 
+TEST_F(DashboardHomeViewTest, ARenewedTokenTakesNobodysPlace)
+{
+    AuthUser user = account(u"Maya"_s, {AppRole::notary});
+    signIn(user);
+    settle();
+    const QPointer<Button> website = named<Button>(view, u"Website"_s);
+    website->setFocus();
+    user.idToken = u"renewed"_s;
+    auth.user = user;
+    settle();
+    ASSERT_TRUE(website);
+    EXPECT_TRUE(website->hasFocus());
+    user.displayName = u"Maya Lind"_s;
+    auth.user = user;
+    settle();
+    EXPECT_TRUE(texts(view).contains(u"Maya Lind"_s));
+}
+
 TEST_F(DashboardHomeViewTest, ALargeWindowShowsItsFeaturesInOneRow)
 {
     const auto rows = [this] {

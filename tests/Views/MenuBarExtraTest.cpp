@@ -37,6 +37,21 @@ TEST_F(MenuBarExtraTest, FollowsWhoIsSignedIn)
     EXPECT_EQ(actions().at(1)->text(), u"Notary"_s);
 }
 
+TEST_F(MenuBarExtraTest, ARenewedTokenLeavesTheItemsThatSomebodyIsAboutToChoose)
+{
+    AuthUser user = account(u"Priya"_s);
+    signIn(user);
+    const QPointer<QAction> sessions = titled(u"Sessions"_s);
+    user.idToken = u"renewed"_s;
+    auth.user = user;
+    settle();
+    ASSERT_TRUE(sessions);
+    sessions->trigger();
+    settle();
+    EXPECT_EQ(windowsOpened, 1);
+    EXPECT_EQ(router.selectedSection.value(), AppSection::sessions);
+}
+
 TEST_F(MenuBarExtraTest, ItsHeaderIsText)
 {
     signIn(account(u"Priya"_s));

@@ -80,7 +80,7 @@ static FieldGrid* scheduleFields(SessionDetailModel& model)
     grid->add(textField(u"Confirmed Date"_s, u"YYYY-MM-DD"_s, model.confirmedDate), FieldGrid::third,
         FieldGrid::half);
     grid->add(
-        textField(u"Confirmed Time"_s, u"h:mm AM"_s, model.confirmedTime), FieldGrid::third, FieldGrid::half);
+        textField(u"Confirmed Time"_s, u"2:30 PM"_s, model.confirmedTime), FieldGrid::third, FieldGrid::half);
     grid->add(textField(u"Proposed Fee"_s, u"0.00"_s, model.proposedFee), FieldGrid::third, FieldGrid::half);
     return grid;
 }

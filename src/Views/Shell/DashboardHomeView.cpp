@@ -35,8 +35,22 @@ DashboardHomeView::DashboardHomeView(DashboardHomeModel model, QWidget* parent)
     : Page(widest, parent), model_(std::move(model))
 {
     AuthManager& auth = model_.context().auth;
-    follow(this, auth.user, [this](const std::optional<AuthUser>&) { rebuild(); });
-    follow(this, auth.activeRole, [this](AppRole) { rebuild(); });
+    follow(this, auth.user, [this](const std::optional<AuthUser>&) { showAudience(); });
+    follow(this, auth.activeRole, [this](AppRole) { showAudience(); });
+}
+
+/// Nobody loses their place because of a new token.
+void DashboardHomeView::showAudience()
+{
+    QStringList now{model_.heroTitle()};
+    if (model_.showsSignedInCard())
+        now << model_.signedInName() << model_.activeRoleLine();
+    for (const Shortcut& action : model_.quickActions())
+        now += action.title;
+    if (shownTo_ != now) {
+        shownTo_ = now;
+        rebuild();
+    }
 }
 
 void DashboardHomeView::rebuild()

@@ -18,6 +18,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void showAudience();
     void rebuild();
     void addHero();
     void addSignedInCard();
@@ -26,6 +27,7 @@ private:
     void arrangeParts();
 
     DashboardHomeModel model_;
+    QStringList shownTo_; ///< what the screen says of whoever is there, and offers them
     Surface* hero_ = nullptr;
     QList<QWidget*> features_;
     QVBoxLayout* featureRows_ = nullptr;

@@ -15,8 +15,8 @@ static constexpr int menuWidth = 264;
 MenuBarExtra::MenuBarExtra(const ScreenContext& context, MenuBarDropdownModel model)
     : model_(std::move(model))
 {
-    onUser_ = context.auth.user.addNotifier([this] { rebuild(); });
-    onRole_ = context.auth.activeRole.addNotifier([this] { rebuild(); });
+    onUser_ = context.auth.user.addNotifier([this] { showAudience(); });
+    onRole_ = context.auth.activeRole.addNotifier([this] { showAudience(); });
     item_.setToolTip(u"Quorvel"_s);
     menu_.setWindowTitle(item_.toolTip()); // what a screen reader calls it
     menu_.setMinimumWidth(Type::scaled(menuWidth));
@@ -24,7 +24,7 @@ MenuBarExtra::MenuBarExtra(const ScreenContext& context, MenuBarDropdownModel mo
     connect(&item_, &QSystemTrayIcon::activated, this, &MenuBarExtra::activate);
     // Only a desktop that draws the menu itself draws the item too.
     item_.setIcon(AppIcon::statusBar(isDrawnByDesktop()));
-    rebuild();
+    showAudience();
     item_.show();
 }
 
@@ -48,6 +48,18 @@ void MenuBarExtra::activate(QSystemTrayIcon::ActivationReason reason)
         model_.comeForward();
     else
         menu_.popup(QCursor::pos());
+}
+
+/// The menu stays where nothing but a token is new: somebody may be about to choose from it.
+void MenuBarExtra::showAudience()
+{
+    QStringList items;
+    for (const MenuBarDropdownModel::Item& item : model_.items())
+        items += item.title;
+    if (shown_ != items) {
+        shown_ = items;
+        rebuild();
+    }
 }
 
 void MenuBarExtra::rebuild()

@@ -19,11 +19,13 @@ public:
 
 private:
     bool isDrawnByDesktop() { return menu_.platformMenu() != nullptr; }
+    void showAudience();
     void rebuild();
     void activate(QSystemTrayIcon::ActivationReason reason);
 
     MenuBarDropdownModel model_;
     QMenu menu_;
+    QStringList shown_; ///< what the menu's items say
     QSystemTrayIcon item_;
     QPropertyNotifier onUser_;
     QPropertyNotifier onRole_;
