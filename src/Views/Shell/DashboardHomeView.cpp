@@ -42,7 +42,7 @@ DashboardHomeView::DashboardHomeView(DashboardHomeModel model, QWidget* parent)
 /// Nobody loses their place because of a new token.
 void DashboardHomeView::showAudience()
 {
-    QStringList now{model_.heroTitle()};
+    QStringList now;
     if (model_.showsSignedInCard())
         now << model_.signedInName() << model_.activeRoleLine();
     for (const Shortcut& action : model_.quickActions())
