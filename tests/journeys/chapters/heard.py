@@ -14,6 +14,7 @@ from stage import DEMO_ADMIN, DEMO_CLIENT
 from waiting import wait_for
 
 MESSAGE = "I will bring my passport."
+NOTE = " Both signers are known here."
 # Far more than there are controls on any screen.
 MOST_STOPS = 60
 
@@ -69,7 +70,8 @@ def _hear_session(stage, reader):
     stage.screen.wait("push button", "Cancel Session")
     reader.forget()
     hands.press("F6")
-    reader.wait_for("Session panel.", f"{display_date_time(session)}, No Witness Required, Assigned Notary: ", "Cancel Session push button.")
+    reader.wait_for("Session panel.", f"{display_date_time(session)}, No Witness Required, Assigned Notary: ",
+                    "Cancel Session push button.")
 
 
 def _send_message(stage, reader):
@@ -108,6 +110,11 @@ def _walk_booking(reader):
     hands.press("Up")
     reader.wait_for("Preferred Date & Time ")
     _tab_to(reader, "Submit Remote Notary Request")
+    # What is missing is told, and then the field that lacks it.
+    hands.press("space")
+    reader.wait_for("alert Missing Information", "OK push button")
+    hands.press("Return")
+    reader.wait_for("What needs to be notarized?")
 
 
 def _hear_sidebar(stage, reader):
@@ -130,6 +137,13 @@ def _as_office(stage, reader):
     stage.screen.wait("panel", records.PANE)
     hands.press("F6")
     _tab_to(reader, "Notes")
+    hands.press("End")
+    hands.write(NOTE)
+    _tab_to(reader, "Save Record")
+    hands.press("space")
+    reader.wait_for("alert Saved", "OK push button")
+    hands.press("Return")
+    stage.screen.wait_gone("alert", "Saved")
 
 
 def _tab_to(reader, name):
