@@ -3,8 +3,8 @@
 #include "Cases.h"
 #include "Launch.h"
 #include "ScreenTest.h"
+#include "support/ApiKey.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <array>
@@ -459,11 +459,7 @@ class MainWindowRenewal : public MainWindowModelTest
 protected:
     MainWindowRenewal()
     {
-        QFile list(resources.filePath(u"GoogleService-Info.plist"_s));
-        if (!list.open(QFile::WriteOnly)
-            || list.write("<plist><dict><key>API_KEY</key><string>key</string></dict></plist>") < 0)
-            qFatal("a file of the test cannot be written");
-        list.close();
+        storeApiKey(resources.path(), u"key"_s);
         config.resourceFolder = resources.path();
         signIn(account(u"client"_s));
         model.select(AppSection::sessions);

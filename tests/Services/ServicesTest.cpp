@@ -1,6 +1,6 @@
 #include "ServicesTest.h"
+#include "support/ApiKey.h"
 
-#include <QFile>
 #include <QJsonDocument>
 
 using namespace Qt::StringLiterals;
@@ -32,11 +32,7 @@ ServicesTest::~ServicesTest()
 
 void ServicesTest::setApiKey(const QString& key)
 {
-    QFile file(resources.filePath(u"GoogleService-Info.plist"_s));
-    if (!file.open(QFile::WriteOnly))
-        qFatal("the property list cannot be written");
-    file.write("<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>API_KEY</key><string>"
-        + key.toHtmlEscaped().toUtf8() + "</string></dict></plist>");
+    storeApiKey(resources.path(), key);
 }
 
 void ServicesTest::answer(qsizetype number, const QByteArray& body, int status)

@@ -1,4 +1,5 @@
 #include "RealServerTest.h"
+#include "support/ApiKey.h"
 
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -25,10 +26,7 @@ protected:
         account = QJsonDocument::fromJson(nextLine()).object();
         ASSERT_FALSE(account.isEmpty());
         use(QUrl(u"https://localhost:%1"_s.arg(account.value(u"port"_s).toInt())));
-        QFile list(files.filePath(u"GoogleService-Info.plist"_s));
-        ASSERT_TRUE(list.open(QFile::WriteOnly));
-        list.write("<plist><dict><key>API_KEY</key><string>any</string></dict></plist>");
-        list.close();
+        storeApiKey(files.path(), u"any"_s);
         config.resourceFolder = files.path();
 
         AuthUser user = bareUser();

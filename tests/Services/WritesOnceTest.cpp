@@ -1,4 +1,5 @@
 #include "RealServerTest.h"
+#include "support/ApiKey.h"
 
 #include <QFile>
 
@@ -204,10 +205,7 @@ TEST_F(SessionEnds, WhenARenewalIsRedirected)
         client.send(rawAnswer(307, {}, "Location: " + to + "\r\n"));
     });
     start();
-    QFile list(files.filePath(u"GoogleService-Info.plist"_s));
-    ASSERT_TRUE(list.open(QFile::WriteOnly));
-    list.write("<plist version=\"1.0\"><dict><key>API_KEY</key><string>key</string></dict></plist>");
-    list.close();
+    storeApiKey(files.path(), u"key"_s);
     config.resourceFolder = files.path();
     finished(auth->refreshTokenIfNeeded());
     EXPECT_FALSE(auth->isSignedIn());

@@ -2,9 +2,9 @@
 #include "ScreensViewTest.h"
 #include "Shell/MainWindow.h"
 #include "Shell/MenuBarDropdownModel.h"
+#include "support/ApiKey.h"
 #include "support/SteadyAppearance.h"
 
-#include <QFile>
 #include <QLineEdit>
 #include <QTemporaryDir>
 
@@ -20,10 +20,7 @@ class MainWindowAppears : public ScreensViewTest, public testing::WithParamInter
 protected:
     MainWindowAppears()
     {
-        QFile list(resources.filePath(u"GoogleService-Info.plist"_s));
-        if (!list.open(QFile::WriteOnly)
-            || list.write("<plist><dict><key>API_KEY</key><string>key</string></dict></plist>") < 0)
-            qFatal("a file of the test cannot be written");
+        storeApiKey(resources.path(), u"key"_s);
         config.resourceFolder = resources.path();
         signIn(account(u"Maya"_s, {AppRole::business, AppRole::notary, AppRole::admin}), AppRole::admin);
     }

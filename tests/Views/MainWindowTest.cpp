@@ -14,9 +14,9 @@
 #include "Shell/ContentPane.h"
 #include "Shell/DashboardHomeView.h"
 #include "Shell/MenuBarDropdownModel.h"
+#include "support/ApiKey.h"
 #include "support/SteadyAppearance.h"
 
-#include <QFile>
 #include <QMenuBar>
 #include <QTemporaryDir>
 
@@ -336,10 +336,7 @@ TEST_F(MainWindowTest, PresentingBringsBackAWindowThatWasMinimized)
 TEST_F(MainWindowTest, EachTimeItIsShownTheTokensAreRenewed)
 {
     const QTemporaryDir resources;
-    QFile list(resources.filePath(u"GoogleService-Info.plist"_s));
-    ASSERT_TRUE(list.open(QFile::WriteOnly));
-    ASSERT_GT(list.write("<plist><dict><key>API_KEY</key><string>key</string></dict></plist>"), 0);
-    list.close();
+    storeApiKey(resources.path(), u"key"_s);
     config.resourceFolder = resources.path();
     signIn(account(u"priya"_s));
     settle();

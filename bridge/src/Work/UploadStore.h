@@ -49,8 +49,10 @@ private:
 
 /// Moves the files that no stored document refers to out of the folder: what an abrupt end left behind, or
 /// what a database that was put back from an earlier day does not know. Nothing is deleted, and whatever
-/// somebody else has put there is left alone. \param stored  the names of the files that documents refer to
-/// \param lost    where they go; made when it is needed
+/// somebody else has put there is left alone.
+///
+/// \param stored  the names of the files that documents refer to
+/// \param lost  where they go; made when it is needed
 /// \throws std::filesystem::filesystem_error
 void setAsideUnknown(const std::filesystem::path& folder, const std::vector<std::string>& stored,
     const std::filesystem::path& lost);
