@@ -16,6 +16,16 @@ enum class PasswordCost
     Lowest, ///< the least that libsodium allows, for tests that sign in a hundred times
 };
 
+/// What one account may bring in a day: far more than anybody needs, and too little to fill a disk or
+/// everybody's lists.
+struct DailyLimits
+{
+    long long bookings = 500;
+    long long messages = 5'000;
+    long long documents = 2'000;
+    long long documentBytes = 16ll << 30;
+};
+
 /// Everything that a server is told when it starts.
 struct Settings
 {
@@ -29,6 +39,10 @@ struct Settings
     std::string apiKey;
     /// Of one request with files, in bytes.
     std::uint64_t largestUpload = 4096ull << 20;
+    /// What one account may bring in a day of New York.
+    DailyLimits daily;
+    /// Of all long answers on their way out together, in bytes.
+    std::size_t answerMemory = 256u << 20;
     /// Fills an empty database with people and sessions to try the client with.
     bool demo = false;
     /// This many generated sessions more for the demo client, to measure with.

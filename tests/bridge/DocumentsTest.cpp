@@ -130,6 +130,76 @@ TEST_F(Documents, LiesAtAnAddressThatNobodyGuesses)
     EXPECT_EQ(api.get("//files/999?key=x", {}).status, 404);
 }
 
+TEST_F(Documents, AnAddressEndsAfterADay)
+{
+    const Json document = list().front();
+    bridge.letPass(std::chrono::days(1) - std::chrono::milliseconds(1));
+    EXPECT_EQ(download(document).status, 200);
+    bridge.letPass(std::chrono::milliseconds(1));
+    EXPECT_EQ(download(document).status, 404);
+    token = tokenOf(client);
+    EXPECT_EQ(download(list().front()).status, 200);
+}
+
+TEST_F(Documents, AnAddressOpensOneDocumentForOneDay)
+{
+    ASSERT_EQ(upload(formBody({}, {{"a", "a/b", "x"}, {"b", "a/b", "x"}})).status, 201);
+    const std::vector<Json> documents = list();
+    const std::string first = urlOf(documents[documents.size() - 2]);
+    const std::string second = urlOf(documents.back());
+    const auto statusOf = [this](const std::string& url) {
+        return api.get("/" + url.substr(url.find("/files/")), {}).status;
+    };
+    const auto key = [](const std::string& url) { return url.substr(url.find('=') + 1); };
+    EXPECT_EQ(statusOf(first), 200);
+    EXPECT_EQ(statusOf(first.substr(0, first.find('=') + 1) + key(second)), 404);
+    std::string later = first;
+    ++later[later.find('=') + 1];
+    EXPECT_EQ(statusOf(later), 404) << "another end than the one that was signed";
+}
+
+TEST_F(Documents, AddressesEndWhenTheSessionGoesToAnotherNotary)
+{
+    const Json document = list().front();
+    const std::string office = tokenOf(admin);
+    const auto assign = [&](long long who) {
+        return api
+            .post("/admin/remote-notary/sessions/13/assign", office,
+                {{"status", "scheduled"}, {"assigned_notary_id", who}})
+            .status;
+    };
+    ASSERT_EQ(assign(1), 200);
+    const Json told = list().front();
+    ASSERT_EQ(assign(1), 200);
+    EXPECT_EQ(download(told).status, 200) << "the same notary";
+    ASSERT_EQ(assign(3), 200);
+    EXPECT_EQ(download(document).status, 404);
+    EXPECT_EQ(download(told).status, 404);
+
+    const Json last = list().front();
+    EXPECT_EQ(download(last).status, 200);
+    ASSERT_EQ(api.remove("/admin/notaries/3", office).status, 204);
+    EXPECT_EQ(download(last).status, 404);
+}
+
+TEST_F(Documents, OfAnOpenCallHaveNamesAndNoAddressesUntilItIsAccepted)
+{
+    ASSERT_EQ(api.sendText("POST", "/remote-notary/sessions/24/documents", tokenOf(admin), formType,
+                     formBody({}, {{"passport.pdf", "application/pdf", "%PDF"}, {"b.txt", "a/b", "x"}}))
+                  .status,
+        201);
+    const std::string path = "/remote-notary/sessions/24/documents";
+    const std::vector<Json> before = reader::list(api.get(path, tokenOf(notary)).body);
+    ASSERT_GE(before.size(), 2u);
+    for (const Json& document : before) {
+        EXPECT_EQ(urlOf(document), "");
+        EXPECT_NE(reader::text(document, {"original_filename", "file_name"}), "");
+    }
+    ASSERT_EQ(api.post("/notary/open-calls/24/accept", tokenOf(notary)).status, 200);
+    for (const Json& document : reader::list(api.get(path, tokenOf(notary)).body))
+        EXPECT_EQ(download(document).status, 200);
+}
+
 TEST_F(Documents, AMediaTypeIsRepeatedOnlyWhenItIsOne)
 {
     for (const char* type : {"text/html\nX-Evil: 1", "", "nonsense", "a/b c"}) {

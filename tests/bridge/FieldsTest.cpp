@@ -42,6 +42,62 @@ TEST(Fields, ReadsFlags)
         EXPECT_FALSE(sample.flag(key)) << key;
 }
 
+TEST(Fields, ATextThatIsTooLongIsRefusedByItsName)
+{
+    const std::string umlauts = [] {
+        std::string text;
+        for (std::size_t i = 0; i < Fields::shortText; ++i)
+            text += "ü";
+        return text;
+    }();
+    const Fields fields(Json{{"fits", umlauts}, {"blanks", "  " + umlauts + "  "}, {"long", umlauts + "x"},
+        {"novel", std::string(Fields::longText + 1, 'x')}, {"list", {"fits", umlauts + "x"}}});
+    EXPECT_EQ(fields.text("fits"), umlauts) << "characters count, not bytes";
+    EXPECT_EQ(fields.text("blanks"), umlauts);
+    EXPECT_EQ(fields.text("long", Fields::longText), umlauts + "x");
+    const auto refusal = [](const auto& read) {
+        try {
+            read();
+        } catch (const Problem& problem) {
+            EXPECT_EQ(problem.status(), 422);
+            return problem.body();
+        }
+        return Json();
+    };
+    std::string target;
+    EXPECT_EQ(refusal([&] { fields.text("long"); }),
+        Json({{"errors", {{"long", "Please shorten this to 255 characters."}}}}));
+    EXPECT_EQ(refusal([&] { fields.text("novel", Fields::longText); }),
+        Json({{"errors", {{"novel", "Please shorten this to 20000 characters."}}}}));
+    EXPECT_TRUE(refusal([&] { fields.untrimmedText("long"); }).contains("errors"));
+    EXPECT_TRUE(refusal([&] { fields.take({"long"}, target); }).contains("errors"));
+    EXPECT_TRUE(refusal([&] { fields.texts("list"); }).contains("errors"));
+}
+
+TEST(Text, IsCleanWhereItComesIn)
+{
+    using namespace std::string_literals;
+    struct
+    {
+        std::string sent;
+        std::string kept;
+    } const rows[] = {
+        {"plain", "plain"},
+        {"Zoë 😀 \x01", "Zoë 😀 \x01"},
+        {"before\0after"s, "before\uFFFDafter"},
+        {"\xff", "\uFFFD"},
+        {"cut \xc3", "cut \uFFFD"},
+        {"\xc0\x80 overlong", "\uFFFD\uFFFD overlong"},
+        {"lone \xed\xa0\x80 surrogate", "lone \uFFFD\uFFFD\uFFFD surrogate"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(cleaned(row.sent), row.kept);
+        EXPECT_EQ(cleaned(row.kept), row.kept) << "cleaning is done once";
+    }
+    EXPECT_EQ(jsonObject("{\"name\":\"a\\u0000b\"}").text("name"), "a\uFFFDb");
+    EXPECT_EQ(jsonObject("{\"name\":\"a\xff\"}").text("name"), "a\uFFFD");
+}
+
 TEST(Fields, AnythingButAnObjectHasNone)
 {
     for (const Json& value :
@@ -65,8 +121,9 @@ TEST(JsonObject, IsReadDownToTheLastLevelThatAnybodyNeeds)
 
 TEST(EmailAddress, HasTwoPiecesAndADomain)
 {
-    for (const char* good : {"a@b.c", "first.last@example.com", " a@b.c"})
+    for (const char* good : {"a@b.c", "first.last@example.com", "zoë@b.c"})
         EXPECT_TRUE(isEmailAddress(good)) << good;
-    for (const char* bad : {"", "a@b", "@b.cd", "a@b@c.d", "ab.cd", "a.b@cd", "a@.", "@b.c"})
+    for (const char* bad : {"", "a@b", "@b.cd", "a@b@c.d", "ab.cd", "a.b@cd", "a@.", "@b.c", " a@b.c",
+             "a b@c.de", "a@b.c\r\n", "<a@b.c>", "a@b.c\x7f"})
         EXPECT_FALSE(isEmailAddress(bad)) << bad;
 }

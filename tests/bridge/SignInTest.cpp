@@ -86,9 +86,68 @@ TEST_F(SignIn, ARefreshTokenMayBeRepeatedForAMinuteWhenItsAnswerWasLost)
     const Reply repeated = api.renew(first);
     ASSERT_EQ(repeated.status, 200);
     EXPECT_EQ(api.renew(lost).status, 400) << "only the newest answer holds";
-    bridge.letPass(1s);
-    EXPECT_EQ(api.renew(first).status, 400) << "the minute counts from the first use";
     EXPECT_EQ(api.renew(repeated.body["refresh_token"]).status, 200);
+}
+
+TEST_F(SignIn, TheTokensOfALostAnswerEndWhenItIsAskedForAgain)
+{
+    const std::string first = api.signIn(client).body["firebase"]["refreshToken"];
+    const std::string lost = api.renew(first).body["id_token"];
+    ASSERT_EQ(api.get("/profile", lost).status, 200);
+    const std::string repeated = api.renew(first).body["id_token"];
+    EXPECT_EQ(api.get("/profile", lost).status, 401);
+    EXPECT_EQ(api.get("/profile", repeated).status, 200);
+}
+
+TEST_F(SignIn, AUsedRefreshTokenThatIsPresentedLateEndsItsSignIn)
+{
+    const auto endsAll = [this](std::chrono::seconds late, bool successorIsUsed) {
+        const Json others = api.signIn(client).body["firebase"];
+        const std::string first = api.signIn(client).body["firebase"]["refreshToken"];
+        Json latest = api.renew(first).body;
+        if (successorIsUsed)
+            latest = api.renew(latest["refresh_token"]).body;
+        bridge.letPass(late);
+        EXPECT_EQ(api.renew(first).status, 400);
+        EXPECT_EQ(api.get("/profile", latest["id_token"]).status, 401);
+        EXPECT_EQ(api.renew(latest["refresh_token"]).status, 400);
+        EXPECT_EQ(api.get("/profile", others["idToken"]).status, 200) << "another sign-in goes on";
+    };
+    endsAll(61s, false);
+    endsAll(0s, true);
+}
+
+TEST_F(SignIn, ARefreshTokenThatNobodyUsesEndsAfterNinetyDays)
+{
+    const std::string used = api.signIn(client).body["firebase"]["refreshToken"];
+    const std::string unused = api.signIn(client).body["firebase"]["refreshToken"];
+    bridge.letPass(std::chrono::days(90));
+    const Reply renewed = api.renew(used);
+    EXPECT_EQ(renewed.status, 200);
+    bridge.letPass(1ms);
+    EXPECT_EQ(api.renew(unused).status, 400);
+    EXPECT_EQ(api.renew(renewed.body["refresh_token"]).status, 200);
+}
+
+TEST_F(SignIn, WhatNobodyCanUseAnyMoreIsDeleted)
+{
+    const auto rows
+        = [this](const std::string& table) { return stored("select cast(count(*) as text) from " + table); };
+    const std::string kept
+        = api.renew(api.signIn(client).body["firebase"]["refreshToken"]).body["refresh_token"];
+    api.signIn(otherClient);
+    tidyUp(bridge.service());
+    EXPECT_EQ(rows("id_tokens") + rows("refresh_tokens") + rows("sign_ins"), "332") << "nothing has ended";
+
+    bridge.letPass(std::chrono::days(30));
+    const std::string next = api.renew(kept).body["refresh_token"];
+    bridge.letPass(std::chrono::days(60) + 1s);
+    tidyUp(bridge.service());
+    EXPECT_EQ(rows("id_tokens"), "0");
+    EXPECT_EQ(rows("refresh_tokens"), "1")
+        << "the used ones are older than 30 days, the other client's than 90";
+    EXPECT_EQ(rows("sign_ins"), "1");
+    EXPECT_EQ(api.renew(next).status, 200);
 }
 
 TEST_F(SignIn, TheTokenEndpointDemandsItsForm)

@@ -122,10 +122,14 @@ Json messageAnswer(const Message& message)
         {"created_at", shownMoment(message.createdAt)}};
 }
 
-Json uploadAnswer(const Upload& upload, const std::string& origin)
+std::string addressOf(const Upload& upload, const std::string& origin, Moment now)
+{
+    return origin + "/files/" + std::to_string(upload.id) + "?key=" + addressKey(upload, now);
+}
+
+Json uploadAnswer(const Upload& upload, const std::string& address)
 {
     const Variant variant = variantOf(upload.id);
-    const std::string address = origin + "/files/" + std::to_string(upload.id) + "?key=" + upload.downloadKey;
     const bool isPdf = upload.mimeType == "application/pdf";
     const bool isAliased = variant == Variant::Aliases;
 
@@ -138,7 +142,7 @@ Json uploadAnswer(const Upload& upload, const std::string& origin)
     answer["file_size"] = looseNumber(variant, upload.byteSize);
     answer["sha256"] = upload.sha256;
     answer["uploaded_by_name"] = upload.uploadedBy;
-    answer[isPdf ? "pdf_url" : isAliased ? "download_url" : "file_url"] = address;
+    answer[isPdf ? "pdf_url" : isAliased ? "download_url" : "file_url"] = looseText(variant, address);
     answer["created_at"] = shownMoment(upload.createdAt);
     return answer;
 }

@@ -21,8 +21,12 @@ nlohmann::json createdAnswer(const Session& session);
 
 nlohmann::json messageAnswer(const Message& message);
 
-/// \param origin  scheme, host and port for the address of the document
-nlohmann::json uploadAnswer(const Upload& upload, const std::string& origin);
+/// Where a browser finds a document.
+/// \param origin  scheme, host and port
+std::string addressOf(const Upload& upload, const std::string& origin, Moment now);
+
+/// \param address  empty for who may not open it
+nlohmann::json uploadAnswer(const Upload& upload, const std::string& address);
 
 /// One answer for each of the records.
 template <typename Record, typename Shape>

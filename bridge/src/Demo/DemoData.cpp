@@ -3,7 +3,7 @@
 #include "Demo/Bookings.h"
 #include "Demo/People.h"
 #include "Demo/SamplePdf.h"
-#include "Http/Fields.h"
+#include "Http/Text.h"
 #include "People/Accounts.h"
 #include "People/BusinessClients.h"
 #include "People/Notaries.h"
@@ -137,8 +137,7 @@ static void addDocument(Service& service, soci::session& sql, const Session& ses
     upload.mimeType = isPdf ? "application/pdf" : "text/plain";
     upload.label = isPdf ? session.documentType : "Passport scan";
     upload.category = isPdf ? "notarized_document" : "government_id";
-    upload.downloadKey = randomText(24);
-    upload.fieldsJson = "{}";
+    upload.downloadKey = newDownloadKey();
     upload.createdAt = stamp(moment);
     addUpload(sql, upload);
 }
@@ -191,7 +190,7 @@ void fillWithDemoData(Service& service)
     const std::string hash = service.passwords.hash(demoPassword);
     const Moment now = service.now();
     service.database.write([&](soci::session& sql) {
-        if (!listAccounts(sql).empty())
+        if (hasAccounts(sql))
             return;
         addPeople(sql, hash, now);
         addMany(sql, service.settings.demoSessions, now);

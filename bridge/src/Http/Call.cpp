@@ -4,10 +4,9 @@
 #include "Net/TlsServer.h"
 
 #include <algorithm>
+#include <charconv>
 
 namespace bridge {
-
-static constexpr std::size_t largestText = 1 << 20;
 
 /// Levels of lists and objects in a body; what clients send has three.
 static constexpr int mostLevels = 64;
@@ -24,7 +23,7 @@ Fields jsonObject(const std::string& body)
         isTooDeep = isTooDeep || (isLevel && depth >= mostLevels);
         return !isTooDeep;
     };
-    nlohmann::json value = nlohmann::json::parse(body, watchDepth, false);
+    nlohmann::json value = nlohmann::json::parse(cleaned(body), watchDepth, false);
     if (isTooDeep || !value.is_object())
         throw refusal(400, "The request could not be read.");
     return Fields(std::move(value));
@@ -35,9 +34,15 @@ Call::Call(
     : request_(request), response_(response), content_(content)
 { }
 
+void Call::setRoute(Access access, Id id)
+{
+    access_ = access;
+    id_ = id;
+}
+
 std::string Call::query(const std::string& name) const
 {
-    return request_.get_param_value(name);
+    return cleaned(request_.get_param_value(name));
 }
 
 std::string Call::header(const std::string& name) const
@@ -67,9 +72,22 @@ std::string Call::origin() const
     return "https://" + (isPlain ? host : "localhost");
 }
 
+bool Call::hasBody() const
+{
+    return content_ && (request_.has_header("Content-Length") || request_.has_header("Transfer-Encoding"));
+}
+
+long long Call::statedLength() const
+{
+    const std::string text = header("Content-Length");
+    long long length = 0;
+    std::from_chars(text.data(), text.data() + text.size(), length);
+    return length;
+}
+
 void Call::read(const Sink& sink)
 {
-    if (!content_ || (!request_.has_header("Content-Length") && !request_.has_header("Transfer-Encoding")))
+    if (!hasBody())
         return;
     const bool isComplete = (*content_)([&sink](const char* bytes, std::size_t size) {
         sink(bytes, size);
@@ -79,11 +97,11 @@ void Call::read(const Sink& sink)
         throw refusal(400, "The request did not arrive whole. Please try again.");
 }
 
-std::string Call::text()
+std::string Call::text(std::size_t most)
 {
     std::string body;
-    read([&body](const char* bytes, std::size_t size) {
-        if (body.size() + size > largestText)
+    read([&body, most](const char* bytes, std::size_t size) {
+        if (body.size() + size > most)
             throw refusal(413, "That request is too large.");
         body.append(bytes, size);
     });
@@ -96,6 +114,24 @@ void Call::answer(const nlohmann::json& body, int status)
     response_.status = status;
     // Bytes that are no UTF-8, in a file name for instance, must not fail a whole list.
     response_.set_content(body.dump(-1, ' ', false, Json::error_handler_t::replace), "application/json");
+}
+
+// A short list may be compressed, which the library does with texts. A long one is sent from its pieces.
+void Call::answer(ListText list)
+{
+    constexpr const char* type = "application/json";
+    list.finish();
+    const auto kept = std::make_shared<ListText>(std::move(list));
+    response_.status = 200;
+    if (const std::string_view first = kept->from(0); first.size() == kept->size()) {
+        response_.set_content(first.data(), first.size(), type);
+        return;
+    }
+    response_.set_content_provider(
+        kept->size(), type, [kept](std::size_t offset, std::size_t length, httplib::DataSink& sink) {
+            const std::string_view part = kept->from(offset).substr(0, length);
+            return sink.write(part.data(), part.size());
+        });
 }
 
 void Call::answerNothing()

@@ -1,36 +1,53 @@
 #pragma once
 
 #include "Http/Fields.h"
-#include "People/Account.h"
+#include "Http/ListText.h"
+#include "Store/Id.h"
 
 #include <httplib.h>
 
 #include <functional>
-#include <optional>
 #include <string>
 
 namespace bridge {
+
+/// Who may call an operation.
+enum class Access
+{
+    Everybody, ///< without signing in
+    SignedIn,
+    Business,
+    Notary,
+    Admin,
+};
 
 /// A body as a JSON object; an empty body is an empty object.
 /// \throws Problem 400 when it is anything else, or nested deeper than anybody needs
 Fields jsonObject(const std::string& body);
 
-/// One request on its way through an operation.
+/// One request on its way through an operation. It does not know who asks: rights may end while a body comes
+/// in, so an account is only ever seen inside the transaction that works with it (see Service).
 class Call
 {
 public:
     using Sink = std::function<void(const char* bytes, std::size_t size)>;
 
+    /// Bytes of a body that is kept as text.
+    static constexpr std::size_t largestText = 1 << 20;
+
     /// \param content  reads the body; null when the method has none
     Call(const httplib::Request& request, httplib::Response& response, const httplib::ContentReader* content);
 
-    /// Who asks. Set before the operation runs, unless the operation is open to everybody.
-    const Account& account() const { return *account_; }
-    void setAccount(Account account) { account_ = std::move(account); }
-
-    /// The number in the path.
+    /// Who may call the operation, and the number in its path. Set before it runs.
+    void setRoute(Access access, Id id);
+    Access access() const { return access_; }
     Id id() const { return id_; }
-    void setId(Id id) { id_ = id; }
+
+    /// Whether the account behind the request was found to have the access that the operation demands, in a
+    /// transaction of the operation's own.
+    bool wasAdmitted() const { return wasAdmitted_; }
+    void noteAdmission() { wasAdmitted_ = true; }
+    void forgetAdmission() { wasAdmitted_ = false; }
 
     /// A query item, or a header; empty when it is missing.
     std::string query(const std::string& name) const;
@@ -45,9 +62,16 @@ public:
     /// Scheme, host and port under which the client reached this server.
     std::string origin() const;
 
-    /// The body as it came, at most 1 MiB.
+    /// Whether the client announced one.
+    bool hasBody() const;
+
+    /// The bytes that the client announced; 0 when it sends as many as it will.
+    long long statedLength() const;
+
+    /// The body as it came.
+    /// \param most  bytes
     /// \throws Problem 413 beyond, 400 when the connection broke
-    std::string text();
+    std::string text(std::size_t most = largestText);
 
     /// \throws Problem as text() and jsonObject()
     Fields json() { return jsonObject(text()); }
@@ -57,6 +81,7 @@ public:
     void read(const Sink& sink);
 
     void answer(const nlohmann::json& body, int status = 200);
+    void answer(ListText list);
 
     /// 204 and no body.
     void answerNothing();
@@ -68,8 +93,9 @@ private:
     const httplib::Request& request_;
     httplib::Response& response_;
     const httplib::ContentReader* content_;
-    std::optional<Account> account_;
+    Access access_ = Access::Everybody;
     Id id_ = 0;
+    bool wasAdmitted_ = false;
 };
 
 } // namespace bridge

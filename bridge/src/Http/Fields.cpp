@@ -1,44 +1,26 @@
 #include "Http/Fields.h"
 
+#include "Http/Problem.h"
+
 #include <algorithm>
 #include <charconv>
 
 namespace bridge {
 
-std::string trimmed(const std::string& text)
-{
-    constexpr const char* space = " \t\r\n\f\v";
-    const auto first = text.find_first_not_of(space);
-    if (first == std::string::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(space) - first + 1);
-}
-
-std::string lowerCased(std::string text)
-{
-    for (char& letter : text) {
-        if (letter >= 'A' && letter <= 'Z')
-            letter = static_cast<char>(letter - 'A' + 'a');
-    }
-    return text;
-}
-
-bool isEmailAddress(const std::string& text)
-{
-    const auto at = text.find('@');
-    if (text.size() <= 4 || at == 0 || at == std::string::npos)
-        return false;
-    const std::string domain = text.substr(at + 1);
-    return domain.find('@') == std::string::npos && domain.find('.') != std::string::npos;
-}
-
 static std::string textOf(const nlohmann::json& value)
 {
     if (value.is_string())
-        return value.get<std::string>();
+        return cleaned(value.get_ref<const std::string&>());
     if (value.is_number() || value.is_boolean())
         return value.dump();
     return {};
+}
+
+std::string shortEnough(const std::string& field, const std::string& text, std::size_t most)
+{
+    if (text.size() > most && characterCount(text) > most)
+        throw invalidField(field, "Please shorten this to " + std::to_string(most) + " characters.");
+    return text;
 }
 
 Fields::Fields(nlohmann::json object)
@@ -50,15 +32,16 @@ bool Fields::has(const std::string& key) const
     return object_.contains(key);
 }
 
-std::string Fields::text(const std::string& key) const
+std::string Fields::text(const std::string& key, std::size_t most) const
 {
-    return trimmed(untrimmedText(key));
+    const auto found = object_.find(key);
+    return found == object_.end() ? std::string() : shortEnough(key, trimmed(textOf(*found)), most);
 }
 
 std::string Fields::untrimmedText(const std::string& key) const
 {
     const auto found = object_.find(key);
-    return found == object_.end() ? std::string() : textOf(*found);
+    return found == object_.end() ? std::string() : shortEnough(key, textOf(*found), shortText);
 }
 
 std::string Fields::firstText(std::initializer_list<std::string> keys) const
@@ -70,11 +53,11 @@ std::string Fields::firstText(std::initializer_list<std::string> keys) const
     return {};
 }
 
-void Fields::take(std::initializer_list<std::string> keys, std::string& target) const
+void Fields::take(std::initializer_list<std::string> keys, std::string& target, std::size_t most) const
 {
     for (const std::string& key : keys) {
         if (has(key)) {
-            target = text(key);
+            target = text(key, most);
             return;
         }
     }
@@ -105,7 +88,7 @@ std::vector<std::string> Fields::texts(const std::string& key) const
     if (found == object_.end() || !found->is_array())
         return result;
     std::transform(found->begin(), found->end(), std::back_inserter(result),
-        [](const nlohmann::json& value) { return trimmed(textOf(value)); });
+        [&key](const nlohmann::json& value) { return shortEnough(key, trimmed(textOf(value)), shortText); });
     return result;
 }
 

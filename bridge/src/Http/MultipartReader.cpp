@@ -1,7 +1,7 @@
 #include "Http/MultipartReader.h"
 
-#include "Http/Fields.h"
 #include "Http/Problem.h"
+#include "Http/Text.h"
 
 #include <algorithm>
 

@@ -4,6 +4,13 @@ namespace bridge {
 
 Problem::Problem(int status, nlohmann::json body) : status_(status), body_(std::move(body)) { }
 
+Problem Problem::retryAfter(std::chrono::seconds wait) const
+{
+    Problem problem = *this;
+    problem.wait_ = wait;
+    return problem;
+}
+
 Problem refusal(int status, const std::string& sentence)
 {
     return {status, {{"message", sentence}}};
@@ -32,6 +39,17 @@ Problem signInNeeded()
 Problem emailTaken()
 {
     return refusal(409, "An account with this email already exists.");
+}
+
+Problem tooManyAttempts()
+{
+    return refusal(429, "Too many attempts. Please wait a moment and try again.");
+}
+
+Problem busy()
+{
+    return refusal(503, "The service is busy. Please try again in a moment.")
+        .retryAfter(std::chrono::seconds(5));
 }
 
 } // namespace bridge

@@ -2,7 +2,9 @@
 
 #include <nlohmann/json.hpp>
 
+#include <chrono>
 #include <exception>
+#include <optional>
 #include <string>
 
 namespace bridge {
@@ -17,13 +19,21 @@ class Problem : public std::exception
 public:
     Problem(int status, nlohmann::json body);
 
+    /// \returns the same for who is told to ask again after a while
+    Problem retryAfter(std::chrono::seconds wait) const;
+
     int status() const { return status_; }
     const nlohmann::json& body() const { return body_; }
+
+    /// None when asking again is of no use.
+    std::optional<std::chrono::seconds> wait() const { return wait_; }
+
     const char* what() const noexcept override { return "the request is refused"; }
 
 private:
     int status_;
     nlohmann::json body_;
+    std::optional<std::chrono::seconds> wait_;
 };
 
 /// {"message": sentence}
@@ -43,5 +53,11 @@ Problem signInNeeded();
 
 /// 409: another account has the e-mail address.
 Problem emailTaken();
+
+/// 429: a password is being guessed.
+Problem tooManyAttempts();
+
+/// 503: the server does too much at once.
+Problem busy();
 
 } // namespace bridge

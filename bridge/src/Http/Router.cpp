@@ -5,6 +5,7 @@
 #include <charconv>
 #include <iostream>
 #include <sstream>
+#include <stdexcept>
 
 namespace bridge {
 
@@ -38,21 +39,7 @@ static bool matches(const std::vector<std::string>& pattern, const std::vector<s
     return true;
 }
 
-std::string printable(const std::string& text)
-{
-    static constexpr const char* digits = "0123456789abcdef";
-    std::string shown;
-    for (const char character : text) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (byte >= 0x20 && byte < 0x7f)
-            shown += character;
-        else
-            shown += std::string("\\x") + digits[byte >> 4] + digits[byte & 15];
-    }
-    return shown;
-}
-
-Router::Router(Authenticator authenticator) : authenticate_(std::move(authenticator)) { }
+Router::Router(Doorkeeper doorkeeper) : letIn_(std::move(doorkeeper)) { }
 
 void Router::add(const std::string& method, const std::string& path, Access access, Operation operation)
 {
@@ -79,6 +66,15 @@ void Router::answerAllOf(httplib::Server& server) const
     server.set_error_handler(refuse);
 }
 
+// Nothing of an answer that was begun goes out with the one that takes its place.
+static void startOver(httplib::Response& response)
+{
+    httplib::Response fresh;
+    fresh.version = response.version;
+    fresh.headers = response.headers;
+    response = fresh;
+}
+
 void Router::dispatch(
     const httplib::Request& request, httplib::Response& response, const httplib::ContentReader* content) const
 {
@@ -88,15 +84,17 @@ void Router::dispatch(
         const Route* route = find(request.method == "HEAD" ? "GET" : request.method, request.path, id);
         if (!route)
             throw refusal(404, "There is nothing at this address.");
-        call.setId(id);
-        admit(*route, call);
-        route->operation(call);
+        call.setRoute(route->access, id);
+        run(*route, call);
     } catch (const Problem& problem) {
+        if (problem.wait())
+            response.set_header("Retry-After", std::to_string(problem.wait()->count()));
         call.answer(problem.body(), problem.status());
     } catch (...) {
         // The exception's text may quote what a person sent, so it is not written down.
         std::cerr << "An operation failed unexpectedly: " << printable(request.method + ' ' + request.path)
                   << std::endl;
+        startOver(response);
         call.answer({{"message", "Something went wrong on our side. Please try again."}}, 500);
     }
 }
@@ -111,18 +109,15 @@ const Router::Route* Router::find(const std::string& method, const std::string& 
     return nullptr;
 }
 
-void Router::admit(const Route& route, Call& call) const
+void Router::run(const Route& route, Call& call) const
 {
-    if (route.access == Access::Everybody)
-        return;
-    call.setAccount(authenticate_(call.bearerToken()));
-    const Account& account = call.account();
-    const bool isAdmitted = route.access == Access::SignedIn
-        || (route.access == Access::Business && account.isBusiness())
-        || (route.access == Access::Notary && account.isNotary())
-        || (route.access == Access::Admin && account.isAdmin());
-    if (!isAdmitted)
-        throw forbidden();
+    if (route.access != Access::Everybody && call.hasBody()) {
+        letIn_(call);
+        call.forgetAdmission();
+    }
+    route.operation(call);
+    if (route.access != Access::Everybody && !call.wasAdmitted())
+        throw std::logic_error("an operation did not ask who called it");
 }
 
 } // namespace bridge

@@ -8,31 +8,24 @@
 
 namespace bridge {
 
-/// Text of a request for a line of a log, which it can neither end nor rewrite: bytes that are no printable
-/// ASCII character become "\xNN".
-std::string printable(const std::string& text);
-
-/// Who may call an operation.
-enum class Access
-{
-    Everybody, ///< without signing in
-    SignedIn,
-    Business,
-    Notary,
-    Admin,
-};
-
-/// Finds the operation for a method and a path, lets in whom it admits, and turns every failure into an
-/// answer in JSON. What a failure was in detail never leaves the server.
+/// Finds the operation for a method and a path, and turns every failure into an answer in JSON. What a
+/// failure was in detail never leaves the server.
+///
+/// Who may not call an operation is turned away before the body is read, and again by the operation itself,
+/// in the transaction that reads or changes something: a body may take long, and what its sender may do can
+/// end meanwhile. An operation that forgets to ask answers nobody.
 class Router
 {
 public:
     using Operation = std::function<void(Call&)>;
 
-    /// Whose ID token this is. \throws Problem
-    using Authenticator = std::function<Account(const std::string& idToken)>;
+    /// Lets nobody pass who may not call the operation. \throws Problem
+    using Doorkeeper = std::function<void(Call&)>;
 
-    explicit Router(Authenticator authenticator);
+    explicit Router(Doorkeeper doorkeeper);
+
+    /// Puts another in the place of the one that the router was made with.
+    void setDoorkeeper(Doorkeeper doorkeeper) { letIn_ = std::move(doorkeeper); }
 
     /// \param path  literal pieces, and at most one "{id}" for a number
     void add(const std::string& method, const std::string& path, Access access, Operation operation);
@@ -54,9 +47,9 @@ private:
     };
 
     const Route* find(const std::string& method, const std::string& path, Id& id) const;
-    void admit(const Route& route, Call& call) const;
+    void run(const Route& route, Call& call) const;
 
-    Authenticator authenticate_;
+    Doorkeeper letIn_;
     std::vector<Route> routes_;
 };
 

@@ -9,10 +9,9 @@ namespace bridge {
 
 static void accept(Service& service, Call& call)
 {
-    const Account& notary = call.account();
-    if (!notary.isNotaryActive)
-        throw refusal(409, "Your notary profile is not active.");
-    const Session session = service.database.write([&](soci::session& sql) {
+    const Session session = service.write(call, [&](soci::session& sql, const Account& notary) {
+        if (!notary.isNotaryActive)
+            throw refusal(409, "Your notary profile is not active.");
         const AcceptResult result = acceptSession(sql, notary, call.id(), service.now());
         if (result == AcceptResult::Taken)
             throw refusal(409, "Another notary has already accepted this call.");
@@ -35,22 +34,22 @@ static void readAppointment(const Fields& fields, Session& session)
     fields.take({"confirmed_date", "scheduled_date"}, session.scheduledDate);
     fields.take({"confirmed_time", "scheduled_time"}, session.scheduledTime);
     fields.take({"proposed_fee"}, session.proposedFee);
-    fields.take({"status_note"}, session.statusNote);
+    fields.take({"status_note"}, session.statusNote, Fields::longText);
 }
 
 static void updateByNotary(Service& service, Call& call)
 {
     const Fields fields = call.json();
-    const Session updated = service.database.write([&](soci::session& sql) {
-        Session session = visibleSession(sql, call.account(), call.id());
-        if (session.notaryId != call.account().notaryId)
+    const Session updated = service.write(call, [&](soci::session& sql, const Account& self) {
+        Session session = visibleSession(sql, self, call.id());
+        if (session.notaryId != self.notaryId)
             throw forbidden();
         readAppointment(fields, session);
         if (fields.has("requires_witness"))
             session.requiresWitness = fields.flag("requires_witness");
         fields.take({"witness_name"}, session.witnessName);
-        updateSession(sql, session, call.account().id, service.now());
-        return visibleSession(sql, call.account(), call.id());
+        updateSession(sql, session, self.id, service.now());
+        return visibleSession(sql, self, call.id());
     });
     call.answer(wrappedSession(updated));
 }
@@ -58,8 +57,8 @@ static void updateByNotary(Service& service, Call& call)
 static void assign(Service& service, Call& call)
 {
     const Fields fields = call.json();
-    const Session updated = service.database.write([&](soci::session& sql) {
-        Session session = visibleSession(sql, call.account(), call.id());
+    const Session updated = service.write(call, [&](soci::session& sql, const Account& self) {
+        Session session = visibleSession(sql, self, call.id());
         readAppointment(fields, session);
         if (fields.has("assigned_notary_id")) {
             const Id notary = fields.number("assigned_notary_id").value_or(0);
@@ -67,8 +66,8 @@ static void assign(Service& service, Call& call)
                 throw invalidField("assigned_notary_id", "Choose a notary from the list.");
             session.notaryId = notary;
         }
-        updateSession(sql, session, call.account().id, service.now());
-        return visibleSession(sql, call.account(), call.id());
+        updateSession(sql, session, self.id, service.now());
+        return visibleSession(sql, self, call.id());
     });
     call.answer(wrappedSession(updated));
 }

@@ -7,41 +7,25 @@
 
 namespace bridge {
 
-Account authenticate(Service& service, const std::string& idToken)
-{
-    if (idToken.empty())
-        throw signInNeeded();
-    std::optional<Account> account = service.database.read([&](soci::session& sql) -> std::optional<Account> {
-        const std::optional<Bearer> bearer = service.signIns.bearerOf(sql, idToken);
-        if (!bearer)
-            return std::nullopt;
-        std::optional<Account> found = findAccount(sql, bearer->userId);
-        if (found)
-            found->signInId = bearer->signInId;
-        return found;
-    });
-    if (!account)
-        throw signInNeeded();
-    return *account;
-}
-
 static void signIn(Service& service, Call& call)
 {
     const Fields fields = call.json();
     const std::string email = fields.text("email");
     if (!service.throttle.admit(email))
-        throw refusal(429, "Too many attempts. Please wait a moment and try again.");
+        throw tooManyAttempts();
+    const Problem wrong(400, {{"error", "INVALID_LOGIN_CREDENTIALS"}});
 
-    const Credentials credentials
+    // Verifying takes long, and the password may be changed meanwhile.
+    const Credentials verified
         = service.database.read([&](soci::session& sql) { return findCredentials(sql, email); });
-    if (!service.passwords.verify(credentials.passwordHash, fields.untrimmedText("password")))
-        throw Problem(400, {{"error", "INVALID_LOGIN_CREDENTIALS"}});
+    if (!service.passwords.verify(verified.passwordHash, fields.untrimmedText("password")))
+        throw wrong;
     service.throttle.succeeded(email);
 
     call.answer(service.database.write([&](soci::session& sql) {
-        const std::optional<Account> account = findAccount(sql, credentials.userId);
-        if (!account)
-            throw Problem(400, {{"error", "INVALID_LOGIN_CREDENTIALS"}});
+        const std::optional<Account> account = findAccount(sql, verified.userId);
+        if (!account || passwordHashOf(sql, account->id) != verified.passwordHash)
+            throw wrong;
         return signInAnswer(*account, service.signIns.begin(sql, account->id));
     }));
 }
@@ -77,13 +61,17 @@ static void renew(Service& service, Call& call)
     if (value("grant_type") != "refresh_token")
         throw Problem(400, {{"error", "INVALID_GRANT_TYPE"}});
 
-    call.answer(service.database.write([&](soci::session& sql) {
-        const auto renewed = service.signIns.renew(sql, value("refresh_token"));
-        const auto account = renewed ? findAccount(sql, renewed->second.userId) : std::nullopt;
-        if (!account)
-            throw Problem(400, {{"error", "INVALID_REFRESH_TOKEN"}});
-        return renewalAnswer(*account, renewed->first);
-    }));
+    // A refusal may end a sign-in, which is to last: so it is answered after the transaction.
+    const std::optional<nlohmann::json> answer
+        = service.database.write([&](soci::session& sql) -> std::optional<nlohmann::json> {
+              const auto renewed = service.signIns.renew(sql, value("refresh_token"));
+              if (!renewed)
+                  return std::nullopt;
+              return renewalAnswer(findAccount(sql, renewed->second.userId).value(), renewed->first);
+          });
+    if (!answer)
+        throw Problem(400, {{"error", "INVALID_REFRESH_TOKEN"}});
+    call.answer(*answer);
 }
 
 void addAuthOperations(Router& router, Service& service)

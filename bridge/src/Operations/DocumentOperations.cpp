@@ -3,6 +3,7 @@
 #include "Answers/SessionAnswers.h"
 #include "Http/Problem.h"
 #include "Operations/UploadForm.h"
+#include "People/DailyUse.h"
 #include "Work/Sessions.h"
 #include "Work/Uploads.h"
 
@@ -15,16 +16,19 @@
 
 namespace bridge {
 
+// Who only sees an open call reads what its documents are, not what they say.
 static void showDocuments(Service& service, Call& call)
 {
-    const std::vector<Upload> uploads = service.database.read([&](soci::session& sql) {
-        visibleSession(sql, call.account(), call.id());
-        return listUploads(sql, call.id());
-    });
-    const char* wrapper = call.id() % 2 == 0 ? "uploads" : "documents";
+    ListText documents(service.answers, call.id() % 2 == 0 ? "uploads" : "documents");
     const std::string origin = call.origin();
-    call.answer(
-        {{wrapper, listOf(uploads, [&](const Upload& upload) { return uploadAnswer(upload, origin); })}});
+    service.read(call, [&](soci::session& sql, const Account& self) {
+        const bool mayOpen = takesPart(self, visibleSession(sql, self, call.id()));
+        const Moment now = service.now();
+        eachUpload(sql, call.id(), [&](const Upload& upload) {
+            return documents.add(uploadAnswer(upload, mayOpen ? addressOf(upload, origin, now) : ""));
+        });
+    });
+    call.answer(std::move(documents));
 }
 
 // Files that are kept before their rows are committed, and go again when that fails.
@@ -32,14 +36,18 @@ static std::vector<Upload> store(Service& service, Call& call, UploadForm& form)
 {
     try {
         std::vector<Upload> uploads = form.keepFiles();
-        return service.database.write([&](soci::session& sql) {
+        return service.write(call, [&](soci::session& sql, const Account& self) {
             // It may have been deleted while the files came in.
-            writableSession(sql, call.account(), call.id());
+            writableSession(sql, self, call.id());
+            const Moment now = service.now();
+            const DailyLimits& daily = service.settings.daily;
+            use(sql, self.id, Use::Documents, static_cast<long long>(uploads.size()), daily.documents, now);
+            use(sql, self.id, Use::DocumentBytes, form.size(), daily.documentBytes, now);
             for (Upload& upload : uploads) {
                 upload.sessionId = call.id();
-                upload.userId = call.account().id;
-                upload.uploadedBy = call.account().fullName;
-                upload.createdAt = stamp(service.now());
+                upload.userId = self.id;
+                upload.uploadedBy = self.fullName;
+                upload.createdAt = stamp(now);
                 upload = addUpload(sql, upload);
             }
             return uploads;
@@ -50,21 +58,32 @@ static std::vector<Upload> store(Service& service, Call& call, UploadForm& form)
     }
 }
 
+static void requireRoom(Service& service, Call& call)
+{
+    service.read(call, [&](soci::session& sql, const Account& self) {
+        writableSession(sql, self, call.id());
+        const DailyLimits& daily = service.settings.daily;
+        const Moment now = service.now();
+        if (usedToday(sql, self.id, Use::Documents, now) >= daily.documents
+            || usedToday(sql, self.id, Use::DocumentBytes, now) > daily.documentBytes - call.statedLength())
+            throw enoughForToday();
+    });
+}
+
 static void upload(Service& service, Call& call)
 {
-    service.database.read([&](soci::session& sql) { writableSession(sql, call.account(), call.id()); });
+    requireRoom(service, call);
     try {
         UploadForm form(call.contentType(), service.uploads, service.settings.largestUpload);
         call.read([&form](const char* bytes, std::size_t size) { form.feed(bytes, size); });
         form.requireFiles();
         const std::vector<Upload> uploads = store(service, call, form);
-        const std::string origin = call.origin();
+        const auto answer = [origin = call.origin(), now = service.now()](
+                                const Upload& one) { return uploadAnswer(one, addressOf(one, origin, now)); };
         if (uploads.size() == 1)
-            call.answer({{"data", uploadAnswer(uploads.front(), origin)}}, 201);
+            call.answer({{"data", answer(uploads.front())}}, 201);
         else
-            call.answer({{"documents",
-                            listOf(uploads, [&](const Upload& one) { return uploadAnswer(one, origin); })}},
-                201);
+            call.answer({{"documents", listOf(uploads, answer)}}, 201);
     } catch (const std::system_error&) {
         throw refusal(507, "There is no room to store that file. Please try again later.");
     }
@@ -102,7 +121,7 @@ static void download(Service& service, Call& call)
 {
     const std::optional<Upload> found
         = service.database.read([&](soci::session& sql) { return findUpload(sql, call.id()); });
-    if (!found || !isSame(found->downloadKey, call.query("key")))
+    if (!found || !opens(*found, call.query("key"), service.now()))
         throw notFound();
     const auto file
         = std::make_shared<Descriptor>(::open((service.uploads / found->path).c_str(), O_RDONLY | O_CLOEXEC));

@@ -6,14 +6,17 @@
 #include "Operations/AccountRules.h"
 #include "People/Accounts.h"
 #include "People/Notaries.h"
+#include "Work/Uploads.h"
 
 namespace bridge {
 
 static void list(Service& service, Call& call)
 {
-    const std::vector<Notary> notaries
-        = service.database.read([](soci::session& sql) { return listNotaries(sql); });
-    call.answer({{"notaries", listOf(notaries, notaryAnswer)}});
+    ListText notaries(service.answers, "notaries");
+    service.read(call, [&notaries](soci::session& sql, const Account&) {
+        eachNotary(sql, [&notaries](const Notary& notary) { return notaries.add(notaryAnswer(notary)); });
+    });
+    call.answer(std::move(notaries));
 }
 
 static void readNotary(const Fields& fields, Notary& notary)
@@ -36,7 +39,7 @@ static void readNotary(const Fields& fields, Notary& notary)
 
 // A profile without an account gets one with its first password.
 static void setPassword(
-    Service& service, soci::session& sql, const Notary& notary, const std::string& hash, Call& call)
+    Service& service, soci::session& sql, const Notary& notary, const std::string& hash, const Account& self)
 {
     if (notary.userId == 0) {
         const NewAccount account{notary.email, hash, notary.name, notary.phone, "", notary.state, "client"};
@@ -47,9 +50,9 @@ static void setPassword(
         updateAccount(sql, linked, service.now());
         return;
     }
-    const bool isOwn = notary.userId == call.account().id;
+    const bool isOwn = notary.userId == self.id;
     setPasswordHash(sql, notary.userId, hash, service.now());
-    service.signIns.endAll(sql, notary.userId, isOwn ? call.account().signInId : 0);
+    service.signIns.endAll(sql, notary.userId, isOwn ? self.signInId : 0);
 }
 
 static void save(Service& service, Call& call)
@@ -60,23 +63,24 @@ static void save(Service& service, Call& call)
     const std::optional<std::string> password = readNewPassword(fields);
     const std::string hash = password ? service.passwords.hash(*password) : std::string();
 
-    call.answer(service.database.write([&](soci::session& sql) {
+    call.answer(service.write(call, [&](soci::session& sql, const Account& self) {
         std::optional<Notary> notary = findNotary(sql, call.id());
         if (!notary)
             throw notFound();
         readNotary(fields, *notary);
         updateNotary(sql, *notary, service.now());
         if (password)
-            setPassword(service, sql, *notary, hash, call);
+            setPassword(service, sql, *notary, hash, self);
         return nlohmann::json{{"data", notaryAnswer(*findNotary(sql, call.id()))}};
     }));
 }
 
 static void remove(Service& service, Call& call)
 {
-    service.database.write([&](soci::session& sql) {
+    service.write(call, [&call](soci::session& sql, const Account&) {
         if (!findNotary(sql, call.id()))
             throw notFound();
+        endAddressesOfNotary(sql, call.id());
         deleteNotary(sql, call.id());
     });
     call.answerNothing();

@@ -9,9 +9,6 @@ namespace bridge {
 /// the root.
 inline const std::string bridgeBase = "/mobile-bridge/v1";
 
-/// Whose ID token it is. \throws Problem 401
-Account authenticate(Service& service, const std::string& idToken);
-
 /// Signing in, registering, exchanging refresh tokens.
 void addAuthOperations(Router& router, Service& service);
 

@@ -7,12 +7,17 @@
 
 namespace bridge {
 
+static void showProfile(Service& service, Call& call)
+{
+    call.answer(service.read(call, [](soci::session&, const Account& self) { return profileAnswer(self); }));
+}
+
 static void updateProfile(Service& service, Call& call)
 {
     const Fields fields = call.json();
-    Account account = call.account();
-    readContact(fields, account);
-    call.answer(service.database.write([&](soci::session& sql) {
+    call.answer(service.write(call, [&](soci::session& sql, const Account& self) {
+        Account account = self;
+        readContact(fields, account);
         updateAccount(sql, account, service.now());
         return profileAnswer(*findAccount(sql, account.id));
     }));
@@ -23,17 +28,26 @@ static void changePassword(Service& service, Call& call)
     const Fields fields = call.json();
     const std::string password = fields.untrimmedText("new_password");
     requireLongEnough(password, "new_password");
+    const Problem wrong = refusal(422, "The current password is not right.");
 
-    const Id user = call.account().id;
-    const std::string current
-        = service.database.read([&](soci::session& sql) { return passwordHashOf(sql, user); });
-    if (!service.passwords.verify(current, fields.untrimmedText("current_password")))
-        throw refusal(422, "The current password is not right.");
+    // Hashing takes long, and nothing else may wait for it; so what was verified is compared again in the
+    // end.
+    const auto [user, verified] = service.read(call, [](soci::session& sql, const Account& self) {
+        return std::pair(self.id, passwordHashOf(sql, self.id));
+    });
+    const std::string guessed = "account " + std::to_string(user);
+    if (!service.throttle.admit(guessed))
+        throw tooManyAttempts();
+    if (!service.passwords.verify(verified, fields.untrimmedText("current_password")))
+        throw wrong;
+    service.throttle.succeeded(guessed);
 
     const std::string hash = service.passwords.hash(password);
-    service.database.write([&](soci::session& sql) {
-        setPasswordHash(sql, user, hash, service.now());
-        service.signIns.endAll(sql, user, call.account().signInId);
+    service.write(call, [&](soci::session& sql, const Account& self) {
+        if (passwordHashOf(sql, self.id) != verified)
+            throw wrong;
+        setPasswordHash(sql, self.id, hash, service.now());
+        service.signIns.endAll(sql, self.id, self.signInId);
     });
     call.answer({{"message", "Your password was changed."}});
 }
@@ -41,7 +55,7 @@ static void changePassword(Service& service, Call& call)
 void addProfileOperations(Router& router, Service& service)
 {
     router.add("GET", bridgeBase + "/profile", Access::SignedIn,
-        [](Call& call) { call.answer(profileAnswer(call.account())); });
+        [&service](Call& call) { showProfile(service, call); });
     router.add("POST", bridgeBase + "/profile", Access::SignedIn,
         [&service](Call& call) { updateProfile(service, call); });
     router.add("POST", bridgeBase + "/profile/password", Access::SignedIn,

@@ -25,19 +25,19 @@ static bool namesWalkIn(const Fields& fields)
 
 static void list(Service& service, Call& call)
 {
-    const auto [sessions, walkIns] = service.database.read([&](soci::session& sql) {
-        return std::pair(listSessions(sql, call.account(), Scope::All, ""), listWalkIns(sql));
+    ListText records(service.answers, "records");
+    service.read(call, [&records](soci::session& sql, const Account& self) {
+        eachSession(sql, self, Scope::All, "",
+            [&records](const Session& session) { return records.add(remoteRecordAnswer(session)); });
+        eachWalkIn(sql, [&records](const WalkIn& record) { return records.add(walkInAnswer(record)); });
     });
-    nlohmann::json records = listOf(sessions, remoteRecordAnswer);
-    for (nlohmann::json& record : listOf(walkIns, walkInAnswer))
-        records.push_back(std::move(record));
-    call.answer({{"records", std::move(records)}});
+    call.answer(std::move(records));
 }
 
 static void saveSession(Service& service, Call& call, const Fields& data)
 {
-    service.database.write([&](soci::session& sql) {
-        Session session = visibleSession(sql, call.account(), call.id());
+    service.write(call, [&](soci::session& sql, const Account& self) {
+        Session session = visibleSession(sql, self, call.id());
         data.take({"status"}, session.status);
         session.status = lowerCased(session.status);
         if (!isStatus(session.status))
@@ -48,20 +48,20 @@ static void saveSession(Service& service, Call& call, const Fields& data)
         data.take({"document_type"}, session.documentType);
         data.take({"scheduled_date"}, session.scheduledDate);
         data.take({"scheduled_time"}, session.scheduledTime);
-        data.take({"notes"}, session.notes);
+        data.take({"notes"}, session.notes, Fields::longText);
         // The contact of a session that a business scheduled is its client.
         if (session.businessId != 0) {
             session.clientName = session.contactName;
             session.clientEmail = session.contactEmail;
             session.clientPhone = session.contactPhone;
         }
-        updateSession(sql, session, call.account().id, service.now());
+        updateSession(sql, session, self.id, service.now());
     });
 }
 
 static void saveWalkIn(Service& service, Call& call, const Fields& data)
 {
-    service.database.write([&](soci::session& sql) {
+    service.write(call, [&](soci::session& sql, const Account&) {
         std::optional<WalkIn> record = findWalkIn(sql, call.id());
         if (!record)
             throw notFound();
@@ -72,7 +72,7 @@ static void saveWalkIn(Service& service, Call& call, const Fields& data)
         data.take({"document_type"}, record->documentType);
         data.take({"scheduled_date"}, record->scheduledDate);
         data.take({"scheduled_time"}, record->scheduledTime);
-        data.take({"notes"}, record->notes);
+        data.take({"notes"}, record->notes, Fields::longText);
         updateWalkIn(sql, *record, service.now());
     });
 }
@@ -90,24 +90,31 @@ static void save(Service& service, Call& call)
 static void remove(Service& service, Call& call)
 {
     const bool isWalkIn = namesWalkIn(call.json());
-    const std::vector<Upload> documents = service.database.write([&](soci::session& sql) {
-        std::vector<Upload> uploads = isWalkIn ? std::vector<Upload>() : listUploads(sql, call.id());
+    std::vector<std::string> files;
+    service.write(call, [&](soci::session& sql, const Account&) {
+        if (!isWalkIn)
+            eachUpload(sql, call.id(), [&files](const Upload& upload) {
+                files.push_back(upload.path);
+                return true;
+            });
         if (!(isWalkIn ? deleteWalkIn(sql, call.id()) : deleteSession(sql, call.id())))
             throw notFound();
-        return uploads;
     });
-    for (const Upload& document : documents) {
+    for (const std::string& file : files) {
         std::error_code ignored;
-        std::filesystem::remove(service.uploads / document.path, ignored);
+        std::filesystem::remove(service.uploads / file, ignored);
     }
     call.answer({{"message", "Record was deleted."}});
 }
 
 static void listClients(Service& service, Call& call)
 {
-    const std::vector<BusinessClient> clients = service.database.read(
-        [&](soci::session& sql) { return listBusinessClients(sql, call.account().businessId); });
-    call.answer({{"clients", listOf(clients, businessClientAnswer)}});
+    ListText clients(service.answers, "clients");
+    service.read(call, [&clients](soci::session& sql, const Account& self) {
+        eachBusinessClient(sql, self.businessId,
+            [&clients](const BusinessClient& client) { return clients.add(businessClientAnswer(client)); });
+    });
+    call.answer(std::move(clients));
 }
 
 void addRecordOperations(Router& router, Service& service)

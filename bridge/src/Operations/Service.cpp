@@ -1,5 +1,8 @@
 #include "Operations/Service.h"
 
+#include "Http/Problem.h"
+#include "People/Accounts.h"
+#include "People/DailyUse.h"
 #include "Work/UploadStore.h"
 #include "Work/Uploads.h"
 
@@ -32,6 +35,43 @@ Service::Service(const Settings& wanted)
 {
     setAsideUnknown(uploads, database.read([](soci::session& sql) { return listUploadPaths(sql); }),
         wanted.data / "lost");
+}
+
+static bool isAdmitted(const Account& account, Access access)
+{
+    switch (access) {
+    case Access::Everybody:
+    case Access::SignedIn:
+        return true;
+    case Access::Business:
+        return account.isBusiness();
+    case Access::Notary:
+        return account.isNotary();
+    case Access::Admin:
+        return account.isAdmin();
+    }
+    return false;
+}
+
+Account Service::admitted(soci::session& sql, Call& call) const
+{
+    const std::optional<Bearer> bearer = signIns.bearerOf(sql, call.bearerToken());
+    std::optional<Account> account = bearer ? findAccount(sql, bearer->userId) : std::nullopt;
+    if (!account)
+        throw signInNeeded();
+    if (!isAdmitted(*account, call.access()))
+        throw forbidden();
+    account->signInId = bearer->signInId;
+    call.noteAdmission();
+    return *account;
+}
+
+void tidyUp(Service& service)
+{
+    service.database.write([&service](soci::session& sql) {
+        service.signIns.purge(sql);
+        purgeDailyUse(sql, service.now());
+    });
 }
 
 } // namespace bridge

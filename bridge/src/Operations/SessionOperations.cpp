@@ -3,9 +3,12 @@
 #include "Answers/SessionAnswers.h"
 #include "Http/Problem.h"
 #include "People/BusinessClients.h"
+#include "People/DailyUse.h"
 #include "Work/Booking.h"
 #include "Work/Messages.h"
 #include "Work/Sessions.h"
+
+#include <algorithm>
 
 namespace bridge {
 
@@ -31,57 +34,65 @@ const ScopeRule scopeRules[] = {
     {"admin_all", Scope::All, [](const Account& account) { return account.isAdmin(); }, ""},
 };
 
-const ScopeRule& scopeRule(const std::string& word)
+const ScopeRule* findScopeRule(const std::string& word)
 {
-    for (const ScopeRule& rule : scopeRules) {
-        if (word == rule.word)
-            return rule;
-    }
-    throw refusal(422, "That scope is not known.");
+    const auto* rule = std::find_if(std::begin(scopeRules), std::end(scopeRules),
+        [&word](const ScopeRule& one) { return word == one.word; });
+    return rule == std::end(scopeRules) ? nullptr : rule;
 }
 
 } // namespace
 
 static void list(Service& service, Call& call)
 {
-    const ScopeRule& rule = scopeRule(call.query("scope"));
-    if (!rule.admits(call.account()))
-        throw forbidden();
-    const std::vector<Session> sessions = service.database.read([&](soci::session& sql) {
-        return listSessions(sql, call.account(), rule.scope, lowerCased(call.query("status")));
+    const ScopeRule* rule = findScopeRule(call.query("scope"));
+    const std::string status = lowerCased(call.query("status"));
+    ListText sessions(service.answers, rule ? rule->wrapper : "");
+    service.read(call, [&](soci::session& sql, const Account& self) {
+        if (!rule)
+            throw refusal(422, "That scope is not known.");
+        if (!rule->admits(self))
+            throw forbidden();
+        eachSession(sql, self, rule->scope, status,
+            [&sessions](const Session& session) { return sessions.add(sessionAnswer(session)); });
     });
-    nlohmann::json answers = listOf(sessions, sessionAnswer);
-    call.answer(*rule.wrapper ? nlohmann::json{{rule.wrapper, std::move(answers)}} : std::move(answers));
+    call.answer(std::move(sessions));
 }
+
+// The request is kept as it came, so its size is bounded as a whole: room for every field at its longest.
+static constexpr std::size_t largestBooking = 64 << 10;
 
 static void book(Service& service, Call& call)
 {
-    const std::string text = call.text();
-    const Session wanted = readBooking(jsonObject(text), text, call.account());
-    const Session session = service.database.write([&](soci::session& sql) {
+    const std::string text = call.text(largestBooking);
+    const Fields fields = jsonObject(text);
+    const Session session = service.write(call, [&](soci::session& sql, const Account& self) {
+        const Session wanted = readBooking(fields, cleaned(text), self);
+        const Moment now = service.now();
+        use(sql, self.id, Use::Bookings, 1, service.settings.daily.bookings, now);
         if (wanted.businessId != 0)
-            rememberBusinessClient(sql, wanted.businessId,
-                {0, wanted.clientName, wanted.clientEmail, wanted.clientPhone}, service.now());
-        return createSession(sql, wanted, service.now());
+            rememberBusinessClient(
+                sql, wanted.businessId, {0, wanted.clientName, wanted.clientEmail, wanted.clientPhone}, now);
+        return createSession(sql, wanted, now);
     });
     call.answer(createdAnswer(session), 201);
 }
 
 static void show(Service& service, Call& call)
 {
-    const Session session = service.database.read(
-        [&](soci::session& sql) { return visibleSession(sql, call.account(), call.id()); });
-    call.answer(wrappedSession(session));
+    call.answer(service.read(call, [&call](soci::session& sql, const Account& self) {
+        return wrappedSession(visibleSession(sql, self, call.id()));
+    }));
 }
 
 static void cancel(Service& service, Call& call)
 {
-    const Session cancelled = service.database.write([&](soci::session& sql) {
-        Session session = writableSession(sql, call.account(), call.id());
+    const Session cancelled = service.write(call, [&](soci::session& sql, const Account& self) {
+        Session session = writableSession(sql, self, call.id());
         if (!mayBeCancelled(session.status))
             throw refusal(409, "This booking can no longer be cancelled.");
         session.status = "cancelled";
-        updateSession(sql, session, call.account().id, service.now());
+        updateSession(sql, session, self.id, service.now());
         return session;
     });
     call.answer({{"session", {{"id", cancelled.id}, {"status", cancelled.status}}}});
@@ -89,21 +100,26 @@ static void cancel(Service& service, Call& call)
 
 static void showMessages(Service& service, Call& call)
 {
-    const std::vector<Message> messages = service.database.read([&](soci::session& sql) {
-        visibleSession(sql, call.account(), call.id());
-        return listMessages(sql, call.id());
+    ListText messages(service.answers, "messages");
+    service.read(call, [&](soci::session& sql, const Account& self) {
+        visibleSession(sql, self, call.id());
+        eachMessage(sql, call.id(),
+            [&messages](const Message& message) { return messages.add(messageAnswer(message)); });
     });
-    call.answer({{"messages", listOf(messages, messageAnswer)}});
+    call.answer(std::move(messages));
 }
 
 static void sendMessage(Service& service, Call& call)
 {
-    const std::string text = call.json().text("message");
-    const Message message = service.database.write([&](soci::session& sql) {
-        writableSession(sql, call.account(), call.id());
+    const Fields fields = call.json();
+    const Message message = service.write(call, [&](soci::session& sql, const Account& self) {
+        writableSession(sql, self, call.id());
+        const std::string text = fields.text("message", Fields::longText);
         if (text.empty())
             throw Problem(422, {{"error", "Write a message first."}});
-        return addMessage(sql, call.id(), call.account(), text, service.now());
+        const Moment now = service.now();
+        use(sql, self.id, Use::Messages, 1, service.settings.daily.messages, now);
+        return addMessage(sql, call.id(), self, text, now);
     });
     call.answer({{"data", messageAnswer(message)}}, 201);
 }

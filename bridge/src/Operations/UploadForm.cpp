@@ -2,15 +2,15 @@
 
 #include "Http/Fields.h"
 #include "Http/Problem.h"
-#include "People/Passwords.h"
 
 namespace bridge {
 
 static constexpr std::size_t mostParts = 1000;
-static constexpr std::size_t mostFieldBytes = 1 << 20;
+static constexpr std::size_t mostFieldBytes = 256 << 10; // names and values of all that are no files
+static constexpr std::size_t longestName = 200; // of a field, and of a media type
 
 UploadForm::UploadForm(const std::string& contentType, std::filesystem::path folder, std::uint64_t largest)
-    : folder_(std::move(folder)), left_(largest),
+    : folder_(std::move(folder)), largest_(largest),
       reader_(contentType,
           {[this](const PartHead& head) { begin(head); },
               [this](const char* bytes, std::size_t size) { take(bytes, size); }, [] {}})
@@ -18,9 +18,9 @@ UploadForm::UploadForm(const std::string& contentType, std::filesystem::path fol
 
 void UploadForm::feed(const char* bytes, std::size_t size)
 {
-    if (size > left_)
+    if (size > largest_ - size_)
         throw refusal(413, "That file is larger than this server accepts.");
-    left_ -= size;
+    size_ += size;
     reader_.feed(bytes, size);
 }
 
@@ -28,11 +28,16 @@ void UploadForm::begin(const PartHead& head)
 {
     if (++partCount_ > mostParts)
         throw refusal(413, "Those are more files than this server accepts at once.");
+    if (head.name.size() > longestName || head.contentType.size() > longestName)
+        throw refusal(400, "The form could not be read.");
     head_ = head;
-    if (head.isFile)
-        files_.push_back({head, IncomingFile(folder_)});
-    else
+    if (head.isFile) {
+        head_.fileName = shortEnough("desktop_files", cleaned(head.fileName), Fields::shortText);
+        files_.push_back({head_, IncomingFile(folder_)});
+    } else {
+        countField(head.name.size());
         fields_[head.name].clear();
+    }
 }
 
 void UploadForm::take(const char* bytes, std::size_t size)
@@ -41,10 +46,15 @@ void UploadForm::take(const char* bytes, std::size_t size)
         files_.back().content.write(bytes, size);
         return;
     }
+    countField(size);
+    fields_[head_.name].append(bytes, size);
+}
+
+void UploadForm::countField(std::size_t size)
+{
     fieldBytes_ += size;
     if (fieldBytes_ > mostFieldBytes)
         throw refusal(413, "That form is larger than this server accepts.");
-    fields_[head_.name].append(bytes, size);
 }
 
 void UploadForm::requireFiles() const
@@ -60,15 +70,22 @@ std::string UploadForm::field(const std::string& name, const std::string& common
 {
     const auto own = fields_.find(name + '[' + std::to_string(index) + ']');
     if (own != fields_.end() && !trimmed(own->second).empty())
-        return trimmed(own->second);
+        return shortEnough(name, cleaned(trimmed(own->second)), Fields::shortText);
     const auto shared = fields_.find(common);
-    return shared == fields_.end() ? std::string() : trimmed(shared->second);
+    return shared == fields_.end() ? std::string()
+                                   : shortEnough(common, cleaned(trimmed(shared->second)), Fields::shortText);
+}
+
+std::string UploadForm::fieldsJson() const
+{
+    nlohmann::json object = nlohmann::json::object();
+    for (const auto& [name, value] : fields_)
+        object[cleaned(name)] = cleaned(value);
+    return object.dump();
 }
 
 std::vector<Upload> UploadForm::keepFiles()
 {
-    using Json = nlohmann::json;
-    const std::string fields = Json(fields_).dump(-1, ' ', false, Json::error_handler_t::replace);
     std::vector<Upload> uploads;
     for (std::size_t i = 0; i < files_.size(); ++i) {
         Upload upload;
@@ -79,8 +96,9 @@ std::vector<Upload> UploadForm::keepFiles()
         upload.path = files_[i].content.keep();
         upload.byteSize = static_cast<long long>(files_[i].content.size());
         upload.sha256 = files_[i].content.sha256();
-        upload.downloadKey = randomText(24);
-        upload.fieldsJson = fields;
+        upload.downloadKey = newDownloadKey();
+        if (i == 0)
+            upload.fieldsJson = fieldsJson();
         uploads.push_back(std::move(upload));
     }
     return uploads;

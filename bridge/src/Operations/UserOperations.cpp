@@ -10,9 +10,11 @@ namespace bridge {
 
 static void list(Service& service, Call& call)
 {
-    const std::vector<Account> accounts
-        = service.database.read([](soci::session& sql) { return listAccounts(sql); });
-    call.answer({{"users", listOf(accounts, userAnswer)}});
+    ListText users(service.answers, "users");
+    service.read(call, [&users](soci::session& sql, const Account&) {
+        eachAccount(sql, [&users](const Account& account) { return users.add(userAnswer(account)); });
+    });
+    call.answer(std::move(users));
 }
 
 static void readRole(const Fields& fields, const Account& admin, Account& account)
@@ -33,18 +35,18 @@ static void save(Service& service, Call& call)
     const std::optional<std::string> password = readNewPassword(fields);
     const std::string hash = password ? service.passwords.hash(*password) : std::string();
 
-    call.answer(service.database.write([&](soci::session& sql) {
+    call.answer(service.write(call, [&](soci::session& sql, const Account& self) {
         std::optional<Account> account = findAccount(sql, call.id());
         if (!account)
             throw notFound();
         readContact(fields, *account);
         if (fields.has("role"))
-            readRole(fields, call.account(), *account);
+            readRole(fields, self, *account);
         updateAccount(sql, *account, service.now());
         if (password) {
-            const bool isOwn = account->id == call.account().id;
+            const bool isOwn = account->id == self.id;
             setPasswordHash(sql, account->id, hash, service.now());
-            service.signIns.endAll(sql, account->id, isOwn ? call.account().signInId : 0);
+            service.signIns.endAll(sql, account->id, isOwn ? self.signInId : 0);
         }
         return nlohmann::json{{"user", userAnswer(*findAccount(sql, account->id))}};
     }));
@@ -52,9 +54,9 @@ static void save(Service& service, Call& call)
 
 static void remove(Service& service, Call& call)
 {
-    if (call.id() == call.account().id)
-        throw refusal(409, "You cannot delete your own account.");
-    service.database.write([&](soci::session& sql) {
+    service.write(call, [&call](soci::session& sql, const Account& self) {
+        if (call.id() == self.id)
+            throw refusal(409, "You cannot delete your own account.");
         if (!findAccount(sql, call.id()))
             throw notFound();
         closeAccount(sql, call.id());

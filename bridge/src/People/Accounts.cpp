@@ -19,6 +19,16 @@ static void fetchInto(Query& query, Account& account)
     query.into(account.businessId).into(account.businessName);
 }
 
+// A business belongs to whoever works for it, and to nobody else for having done so once.
+static Account withPresentRights(Account account)
+{
+    if (!account.isBusiness()) {
+        account.businessId = 0;
+        account.businessName.clear();
+    }
+    return account;
+}
+
 static void requireFreeEmail(soci::session& sql, const std::string& email, Id owner)
 {
     Id other = 0;
@@ -96,18 +106,22 @@ std::optional<Account> findAccount(soci::session& sql, Id id)
     Query query(sql, selectAccounts + " where u.id = :id");
     query.bind("id", id);
     fetchInto(query, account);
-    return query.next() ? std::optional(account) : std::nullopt;
+    return query.next() ? std::optional(withPresentRights(account)) : std::nullopt;
 }
 
-std::vector<Account> listAccounts(soci::session& sql)
+void eachAccount(soci::session& sql, const RowSink<Account>& take)
 {
-    std::vector<Account> accounts;
     Account account;
     Query query(sql, selectAccounts + " order by u.id");
     fetchInto(query, account);
-    while (query.next())
-        accounts.push_back(account);
-    return accounts;
+    while (query.next() && take(withPresentRights(account))) { }
+}
+
+bool hasAccounts(soci::session& sql)
+{
+    Id id = 0;
+    Query query(sql, "select id from users limit 1");
+    return query.into(id).next();
 }
 
 Credentials findCredentials(soci::session& sql, const std::string& email)

@@ -6,7 +6,6 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace bridge {
 
@@ -28,7 +27,9 @@ Id openAccount(soci::session& sql, const NewAccount& account, Moment now);
 std::optional<Account> findAccount(soci::session& sql, Id id);
 
 /// Every account, by id.
-std::vector<Account> listAccounts(soci::session& sql);
+void eachAccount(soci::session& sql, const RowSink<Account>& take);
+
+bool hasAccounts(soci::session& sql);
 
 /// What signing in needs; empty for an unknown address.
 struct Credentials

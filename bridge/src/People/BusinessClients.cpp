@@ -4,9 +4,8 @@
 
 namespace bridge {
 
-std::vector<BusinessClient> listBusinessClients(soci::session& sql, Id businessId)
+void eachBusinessClient(soci::session& sql, Id businessId, const RowSink<BusinessClient>& take)
 {
-    std::vector<BusinessClient> clients;
     BusinessClient client;
     Query query(sql,
         "select id, name, email, phone from business_clients where business_id = :business"
@@ -16,9 +15,7 @@ std::vector<BusinessClient> listBusinessClients(soci::session& sql, Id businessI
         .into(client.name)
         .into(client.email)
         .into(client.phone);
-    while (query.next())
-        clients.push_back(client);
-    return clients;
+    while (query.next() && take(client)) { }
 }
 
 void rememberBusinessClient(soci::session& sql, Id businessId, const BusinessClient& client, Moment now)

@@ -5,7 +5,6 @@
 #include "Store/Soci.h"
 
 #include <string>
-#include <vector>
 
 namespace bridge {
 
@@ -19,7 +18,7 @@ struct BusinessClient
 };
 
 /// The newest first.
-std::vector<BusinessClient> listBusinessClients(soci::session& sql, Id businessId);
+void eachBusinessClient(soci::session& sql, Id businessId, const RowSink<BusinessClient>& take);
 
 /// Adds the client, or renews name and phone of the one with the same e-mail address.
 void rememberBusinessClient(soci::session& sql, Id businessId, const BusinessClient& client, Moment now);

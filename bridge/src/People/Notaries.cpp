@@ -18,15 +18,12 @@ static void fetchInto(Query& query, Notary& notary)
     query.into(notary.commissionExpiration).into(notary.billingStatus).into(notary.isActive);
 }
 
-std::vector<Notary> listNotaries(soci::session& sql)
+void eachNotary(soci::session& sql, const RowSink<Notary>& take)
 {
-    std::vector<Notary> notaries;
     Notary notary;
     Query query(sql, selectNotaries + " order by shown_name, n.id");
     fetchInto(query, notary);
-    while (query.next())
-        notaries.push_back(notary);
-    return notaries;
+    while (query.next() && take(notary)) { }
 }
 
 std::optional<Notary> findNotary(soci::session& sql, Id id)

@@ -6,7 +6,6 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace bridge {
 
@@ -28,7 +27,7 @@ struct Notary
 };
 
 /// By name.
-std::vector<Notary> listNotaries(soci::session& sql);
+void eachNotary(soci::session& sql, const RowSink<Notary>& take);
 
 std::optional<Notary> findNotary(soci::session& sql, Id id);
 

@@ -74,6 +74,17 @@ std::string fingerprint(const std::string& token)
     return encoded(hash.data(), hash.size());
 }
 
+std::string signature(const std::string& key, const std::string& message)
+{
+    std::array<unsigned char, crypto_auth_hmacsha256_BYTES> mac;
+    crypto_auth_hmacsha256_state state;
+    crypto_auth_hmacsha256_init(&state, reinterpret_cast<const unsigned char*>(key.data()), key.size());
+    crypto_auth_hmacsha256_update(
+        &state, reinterpret_cast<const unsigned char*>(message.data()), message.size());
+    crypto_auth_hmacsha256_final(&state, mac.data());
+    return encoded(mac.data(), mac.size());
+}
+
 bool isSame(const std::string& one, const std::string& other)
 {
     return one.size() == other.size() && sodium_memcmp(one.data(), other.data(), one.size()) == 0;

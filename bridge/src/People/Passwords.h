@@ -37,6 +37,9 @@ std::string randomText(std::size_t bytes);
 /// What is stored of a token: enough to recognise it, not enough to use it.
 std::string fingerprint(const std::string& token);
 
+/// Proves that whoever made it for this message has the key.
+std::string signature(const std::string& key, const std::string& message);
+
 /// Compares without telling by its duration where the texts differ.
 bool isSame(const std::string& one, const std::string& other);
 

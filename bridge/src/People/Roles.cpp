@@ -1,6 +1,6 @@
 #include "People/Roles.h"
 
-#include "Http/Fields.h"
+#include "Http/Text.h"
 
 #include <map>
 

@@ -8,13 +8,14 @@
 namespace bridge {
 
 // Moments are milliseconds since 1970. A reference to nothing is NULL; every other column has a value.
-static const std::vector<std::vector<const char*>> steps{{
-    R"(create table businesses(
+static const std::vector<std::vector<const char*>> steps{
+    {
+        R"(create table businesses(
         id integer primary key autoincrement,
         company_name text not null,
         created_at integer not null))",
 
-    R"(create table users(
+        R"(create table users(
         id integer primary key autoincrement,
         local_id text not null unique,
         email text not null collate nocase unique,
@@ -28,25 +29,25 @@ static const std::vector<std::vector<const char*>> steps{{
         created_at integer not null,
         updated_at integer not null))",
 
-    // One row a sign-in, so that a new password can end all of them but the one that set it.
-    R"(create table sign_ins(
+        // One row a sign-in, so that a new password can end all of them but the one that set it.
+        R"(create table sign_ins(
         id integer primary key autoincrement,
         user_id integer not null references users(id) on delete cascade,
         created_at integer not null))",
 
-    R"(create table id_tokens(
+        R"(create table id_tokens(
         hash text primary key,
         sign_in_id integer not null references sign_ins(id) on delete cascade,
         expires_at integer not null))",
 
-    // successor is the hash of the token that replaced this one, or empty.
-    R"(create table refresh_tokens(
+        // successor is the hash of the token that replaced this one, or empty.
+        R"(create table refresh_tokens(
         hash text primary key,
         sign_in_id integer not null references sign_ins(id) on delete cascade,
         successor text not null default '',
         replaced_at integer not null default 0))",
 
-    R"(create table notaries(
+        R"(create table notaries(
         id integer primary key autoincrement,
         user_id integer unique references users(id) on delete set null,
         name text not null,
@@ -61,7 +62,7 @@ static const std::vector<std::vector<const char*>> steps{{
         created_at integer not null,
         updated_at integer not null))",
 
-    R"(create table business_clients(
+        R"(create table business_clients(
         id integer primary key autoincrement,
         business_id integer not null references businesses(id) on delete cascade,
         name text not null,
@@ -70,7 +71,7 @@ static const std::vector<std::vector<const char*>> steps{{
         created_at integer not null,
         unique(business_id, email)))",
 
-    R"(create table sessions(
+        R"(create table sessions(
         id integer primary key autoincrement,
         reference_id text not null unique,
         owner_id integer references users(id) on delete set null,
@@ -105,23 +106,23 @@ static const std::vector<std::vector<const char*>> steps{{
         request_json text not null,
         created_at integer not null,
         updated_at integer not null))",
-    "create index sessions_of_owner on sessions(owner_id)",
-    "create index sessions_of_business on sessions(business_id)",
-    "create index sessions_of_notary on sessions(notary_id)",
+        "create index sessions_of_owner on sessions(owner_id)",
+        "create index sessions_of_business on sessions(business_id)",
+        "create index sessions_of_notary on sessions(notary_id)",
 
-    // How many references a day has given out, so that a deleted session's is never given again.
-    "create table reference_days(day text primary key, given integer not null)",
+        // How many references a day has given out, so that a deleted session's is never given again.
+        "create table reference_days(day text primary key, given integer not null)",
 
-    R"(create table status_history(
+        R"(create table status_history(
         id integer primary key autoincrement,
         session_id integer not null references sessions(id) on delete cascade,
         user_id integer references users(id) on delete set null,
         status text not null,
         note text not null,
         changed_at integer not null))",
-    "create index history_of_session on status_history(session_id)",
+        "create index history_of_session on status_history(session_id)",
 
-    R"(create table messages(
+        R"(create table messages(
         id integer primary key autoincrement,
         session_id integer not null references sessions(id) on delete cascade,
         user_id integer references users(id) on delete set null,
@@ -130,9 +131,9 @@ static const std::vector<std::vector<const char*>> steps{{
         sender_email text not null,
         message text not null,
         created_at integer not null))",
-    "create index messages_of_session on messages(session_id)",
+        "create index messages_of_session on messages(session_id)",
 
-    R"(create table uploads(
+        R"(create table uploads(
         id integer primary key autoincrement,
         session_id integer not null references sessions(id) on delete cascade,
         user_id integer references users(id) on delete set null,
@@ -147,9 +148,9 @@ static const std::vector<std::vector<const char*>> steps{{
         uploaded_by_name text not null,
         fields_json text not null,
         created_at integer not null))",
-    "create index uploads_of_session on uploads(session_id)",
+        "create index uploads_of_session on uploads(session_id)",
 
-    R"(create table walkin_records(
+        R"(create table walkin_records(
         id integer primary key autoincrement,
         status text not null,
         contact_name text not null,
@@ -163,7 +164,25 @@ static const std::vector<std::vector<const char*>> steps{{
         source text not null,
         created_at integer not null,
         updated_at integer not null))",
-}};
+    },
+    {
+        // A token that was in use before its age was known is as old as this step.
+        "alter table refresh_tokens add column issued_at integer not null default 0",
+        "update refresh_tokens set issued_at = 1000 * cast(strftime('%s', 'now') as integer)",
+        // The fingerprint of the ID token that was issued with it.
+        "alter table refresh_tokens add column id_token text not null default ''",
+        "create index refresh_tokens_of_sign_in on refresh_tokens(sign_in_id)",
+        "create index id_tokens_of_sign_in on id_tokens(sign_in_id)",
+        "create index id_tokens_by_end on id_tokens(expires_at)",
+        "create index sign_ins_of_user on sign_ins(user_id)",
+
+        R"(create table daily_use(
+        user_id integer not null references users(id) on delete cascade,
+        day text not null,
+        what text not null,
+        amount integer not null,
+        primary key(user_id, day, what)))",
+    }};
 
 void bringSchemaUpToDate(soci::session& sql)
 {

@@ -6,3 +6,13 @@
 #undef SOCI_HAVE_BOOST_DATE_TIME
 
 #include <soci/soci.h>
+
+#include <functional>
+
+namespace bridge {
+
+/// Takes the rows of a list one by one as they are fetched, until it returns false.
+template <typename Record>
+using RowSink = std::function<bool(const Record&)>;
+
+} // namespace bridge

@@ -65,11 +65,11 @@ Session readBooking(const Fields& fields, const std::string& requestJson, const 
     session.documentType = fields.text("document_type");
     session.actUnknown = fields.flag("notary_act_unknown");
     session.actCount = session.actUnknown ? 0 : fields.number("notary_act_count").value_or(0);
-    session.details = fields.text("remote_signing_details");
+    session.details = fields.text("remote_signing_details", Fields::longText);
     session.signers = readSigners(fields);
     session.requiresWitness = fields.flag("requires_witness");
     session.needsApostille = fields.flag("needs_apostille");
-    session.notes = fields.text("notes");
+    session.notes = fields.text("notes", Fields::longText);
     session.preferredDate = fields.text("preferred_date");
     session.preferredTime = fields.text("preferred_time");
     session.timezone = fields.text("timezone");

@@ -4,18 +4,15 @@
 
 namespace bridge {
 
-std::vector<Message> listMessages(soci::session& sql, Id sessionId)
+void eachMessage(soci::session& sql, Id sessionId, const RowSink<Message>& take)
 {
-    std::vector<Message> messages;
     Message message;
     Query query(sql,
         "select id, sender_type, sender_name, sender_email, message, created_at from messages"
         " where session_id = :session order by id");
     query.bind("session", sessionId).into(message.id).into(message.senderType).into(message.senderName);
     query.into(message.senderEmail).into(message.text).into(message.createdAt);
-    while (query.next())
-        messages.push_back(message);
-    return messages;
+    while (query.next() && take(message)) { }
 }
 
 Message addMessage(

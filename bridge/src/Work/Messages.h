@@ -5,7 +5,6 @@
 #include "Store/Soci.h"
 
 #include <string>
-#include <vector>
 
 namespace bridge {
 
@@ -21,7 +20,7 @@ struct Message
 };
 
 /// Oldest first.
-std::vector<Message> listMessages(soci::session& sql, Id sessionId);
+void eachMessage(soci::session& sql, Id sessionId, const RowSink<Message>& take);
 
 Message addMessage(
     soci::session& sql, Id sessionId, const Account& sender, const std::string& text, Moment now);

@@ -2,6 +2,7 @@
 
 #include "Http/Problem.h"
 #include "Store/Query.h"
+#include "Work/Uploads.h"
 
 #include <nlohmann/json.hpp>
 
@@ -47,17 +48,26 @@ static std::vector<Signer> unpacked(const std::string& text)
     return signers;
 }
 
-static std::vector<Session> fetchAll(Query& query)
+static void fetchEach(Query& query, const RowSink<Session>& take)
 {
-    std::vector<Session> sessions;
     Session session;
     std::string signers;
     fetchInto(query, session, signers);
-    while (query.next()) {
+    bool isWanted = true;
+    while (isWanted && query.next()) {
         session.signers = unpacked(signers);
-        sessions.push_back(session);
+        isWanted = take(session);
     }
-    return sessions;
+}
+
+static std::optional<Session> fetchOne(Query& query)
+{
+    std::optional<Session> found;
+    fetchEach(query, [&found](const Session& session) {
+        found = session;
+        return false;
+    });
+    return found;
 }
 
 static const char* conditionOf(Scope scope)
@@ -91,14 +101,14 @@ static Id selfIn(const Account& account, Scope scope)
     }
 }
 
-std::vector<Session> listSessions(
-    soci::session& sql, const Account& account, Scope scope, const std::string& status)
+void eachSession(soci::session& sql, const Account& account, Scope scope, const std::string& status,
+    const RowSink<Session>& take)
 {
     Query query(sql,
         selectSessions + " where " + conditionOf(scope)
             + " and (:status = '' or s.status = :status) order by s.id desc");
     query.bind("self", selfIn(account, scope)).bind("status", status);
-    return fetchAll(query);
+    fetchEach(query, take);
 }
 
 std::optional<Session> findVisibleSession(soci::session& sql, const Account& account, Id id)
@@ -111,8 +121,7 @@ std::optional<Session> findVisibleSession(soci::session& sql, const Account& acc
     query.bind("id", id).bind("admin", account.isAdmin()).bind("user", account.id);
     query.bind("business", account.businessId).bind("notary", account.notaryId);
     query.bind("active", account.isNotaryActive);
-    std::vector<Session> sessions = fetchAll(query);
-    return sessions.empty() ? std::nullopt : std::optional(sessions.front());
+    return fetchOne(query);
 }
 
 Session visibleSession(soci::session& sql, const Account& account, Id id)
@@ -123,13 +132,17 @@ Session visibleSession(soci::session& sql, const Account& account, Id id)
     return *session;
 }
 
+bool takesPart(const Account& account, const Session& session)
+{
+    return account.isAdmin() || session.ownerId == account.id
+        || (account.businessId != 0 && session.businessId == account.businessId)
+        || (account.notaryId != 0 && session.notaryId == account.notaryId);
+}
+
 Session writableSession(soci::session& sql, const Account& account, Id id)
 {
     Session session = visibleSession(sql, account, id);
-    const bool takesPart = account.isAdmin() || session.ownerId == account.id
-        || (account.businessId != 0 && session.businessId == account.businessId)
-        || (account.notaryId != 0 && session.notaryId == account.notaryId);
-    if (!takesPart)
+    if (!takesPart(account, session))
         throw forbidden();
     return session;
 }
@@ -208,8 +221,18 @@ Session createSession(soci::session& sql, Session session, Moment now)
     return session;
 }
 
+static Id notaryOf(soci::session& sql, Id session)
+{
+    Id notary = 0;
+    Query query(sql, "select coalesce(notary_id, 0) from sessions where id = :id");
+    query.bind("id", session).into(notary).next();
+    return notary;
+}
+
 void updateSession(soci::session& sql, const Session& session, Id by, Moment now)
 {
+    if (notaryOf(sql, session.id) != session.notaryId)
+        endAddressesOfSession(sql, session.id);
     Query query(sql,
         "update sessions set notary_id = nullif(:notary, 0), status = :status, status_note = :status_note,"
         " contact_name = :contact_name, contact_email = :contact_email, contact_phone = :contact_phone,"
@@ -234,21 +257,20 @@ AcceptResult acceptSession(soci::session& sql, const Account& notary, Id id, Mom
 {
     Query query(sql, selectSessions + " where s.id = :id");
     query.bind("id", id);
-    std::vector<Session> found = fetchAll(query);
-    if (found.empty())
+    std::optional<Session> session = fetchOne(query);
+    if (!session)
         return AcceptResult::Absent;
-    Session& session = found.front();
-    if (session.notaryId == notary.notaryId)
+    if (session->notaryId == notary.notaryId)
         return AcceptResult::Accepted;
-    if (session.notaryId != 0)
+    if (session->notaryId != 0)
         return AcceptResult::Taken;
-    if (!isOpenStatus(session.status))
+    if (!isOpenStatus(session->status))
         return AcceptResult::NotOpen;
-    session.notaryId = notary.notaryId;
-    session.status = "scheduled";
-    session.scheduledDate = session.preferredDate;
-    session.scheduledTime = session.preferredTime;
-    updateSession(sql, session, notary.id, now);
+    session->notaryId = notary.notaryId;
+    session->status = "scheduled";
+    session->scheduledDate = session->preferredDate;
+    session->scheduledTime = session->preferredTime;
+    updateSession(sql, *session, notary.id, now);
     return AcceptResult::Accepted;
 }
 

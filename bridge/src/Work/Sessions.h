@@ -21,10 +21,10 @@ enum class Scope
     All
 };
 
-/// Newest first.
+/// The sessions of a list, the newest first.
 /// \param status  only those in it; empty for all
-std::vector<Session> listSessions(
-    soci::session& sql, const Account& account, Scope scope, const std::string& status);
+void eachSession(soci::session& sql, const Account& account, Scope scope, const std::string& status,
+    const RowSink<Session>& take);
 
 /// The session when the account may see it: its own, its business's, one assigned to it, an open call for a
 /// notary, any for an admin. One query decides, so that what is absent and what is somebody else's cost the
@@ -34,14 +34,19 @@ std::optional<Session> findVisibleSession(soci::session& sql, const Account& acc
 /// As findVisibleSession(). \throws Problem 404
 Session visibleSession(soci::session& sql, const Account& account, Id id);
 
-/// A visible session that the account may write into, which an open call is not.
+/// Whether the session is the account's work and not just an open call that it may see: its own, its
+/// business's, one assigned to it, any for an admin.
+bool takesPart(const Account& account, const Session& session);
+
+/// A visible session that the account takes part in, and so may write into.
 /// \throws Problem 404, 403
 Session writableSession(soci::session& sql, const Account& account, Id id);
 
 /// Stores a new session under the next reference of the day.
 Session createSession(soci::session& sql, Session session, Moment now);
 
-/// Stores what the office and the notary may change, and another status or note in the history.
+/// Stores what the office and the notary may change, and another status or note in the history. With another
+/// notary the addresses that were told of its documents end.
 /// \param by  the account that changes it
 void updateSession(soci::session& sql, const Session& session, Id by, Moment now);
 

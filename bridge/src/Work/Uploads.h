@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Moment.h"
 #include "Store/Id.h"
 #include "Store/Soci.h"
 
@@ -24,20 +25,35 @@ struct Upload
     long long byteSize = 0;
     /// In lower-case hexadecimal digits.
     std::string sha256;
-    /// Whoever knows it may download the document without signing in, as a browser must.
+    /// Known to this server alone: the addresses of the document are made from it.
     std::string downloadKey;
     std::string uploadedBy;
-    /// The form's text fields as they came, a JSON object.
-    std::string fieldsJson;
+    /// The form's text fields as they came, a JSON object; of several documents of one form the first has
+    /// them. Written for the record and never read again.
+    std::string fieldsJson = "{}";
     long long createdAt = 0;
 };
 
 /// Oldest first.
-std::vector<Upload> listUploads(soci::session& sql, Id sessionId);
+void eachUpload(soci::session& sql, Id sessionId, const RowSink<Upload>& take);
 
 std::optional<Upload> findUpload(soci::session& sql, Id id);
 
 Upload addUpload(soci::session& sql, Upload upload);
+
+/// For a document that is new.
+std::string newDownloadKey();
+
+/// The part of a document's address that lets a browser have it, which cannot sign in: the moment when the
+/// address ends, a day from now, signed with the document's key.
+std::string addressKey(const Upload& upload, Moment now);
+
+/// Whether it was made by addressKey() for this document, and has not ended.
+bool opens(const Upload& upload, const std::string& addressKey, Moment now);
+
+/// Ends every address that was told of the documents of a session, or of all sessions of a notary.
+void endAddressesOfSession(soci::session& sql, Id sessionId);
+void endAddressesOfNotary(soci::session& sql, Id notaryId);
 
 /// The paths of every stored document.
 std::vector<std::string> listUploadPaths(soci::session& sql);

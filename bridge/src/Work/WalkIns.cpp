@@ -10,20 +10,19 @@ static const std::string selectWalkIns
     = "select id, status, contact_name, contact_email, contact_phone, document_type, scheduled_date,"
       " scheduled_time, notes, signer_names, source, created_at, updated_at from walkin_records";
 
-static std::vector<WalkIn> fetchAll(Query& query)
+static void fetchEach(Query& query, const RowSink<WalkIn>& take)
 {
-    std::vector<WalkIn> records;
     WalkIn record;
     std::string signers;
     query.into(record.id).into(record.status).into(record.contactName).into(record.contactEmail);
     query.into(record.contactPhone).into(record.documentType).into(record.scheduledDate);
     query.into(record.scheduledTime).into(record.notes).into(signers).into(record.source);
     query.into(record.createdAt).into(record.updatedAt);
-    while (query.next()) {
+    bool isWanted = true;
+    while (isWanted && query.next()) {
         record.signerNames = nlohmann::json::parse(signers).get<std::vector<std::string>>();
-        records.push_back(record);
+        isWanted = take(record);
     }
-    return records;
 }
 
 static Query& bindFields(Query& query, const WalkIn& record, Moment now)
@@ -34,18 +33,22 @@ static Query& bindFields(Query& query, const WalkIn& record, Moment now)
     return query.bind("now", stamp(now));
 }
 
-std::vector<WalkIn> listWalkIns(soci::session& sql)
+void eachWalkIn(soci::session& sql, const RowSink<WalkIn>& take)
 {
     Query query(sql, selectWalkIns + " order by id desc");
-    return fetchAll(query);
+    fetchEach(query, take);
 }
 
 std::optional<WalkIn> findWalkIn(soci::session& sql, Id id)
 {
     Query query(sql, selectWalkIns + " where id = :id");
     query.bind("id", id);
-    const std::vector<WalkIn> records = fetchAll(query);
-    return records.empty() ? std::nullopt : std::optional(records.front());
+    std::optional<WalkIn> found;
+    fetchEach(query, [&found](const WalkIn& record) {
+        found = record;
+        return false;
+    });
+    return found;
 }
 
 Id addWalkIn(soci::session& sql, const WalkIn& record, Moment now)

@@ -29,7 +29,7 @@ struct WalkIn
 };
 
 /// Newest first.
-std::vector<WalkIn> listWalkIns(soci::session& sql);
+void eachWalkIn(soci::session& sql, const RowSink<WalkIn>& take);
 
 std::optional<WalkIn> findWalkIn(soci::session& sql, Id id);
 

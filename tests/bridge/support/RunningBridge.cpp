@@ -14,6 +14,8 @@ RunningBridge::RunningBridge(const Wishes& wishes)
     settings.largestUpload = wishes.largestUpload;
     settings.apiKey = wishes.apiKey;
     settings.verbose = wishes.verbose;
+    settings.daily = wishes.daily;
+    settings.answerMemory = wishes.answerMemory;
     settings.passwordCost = bridge::PasswordCost::Lowest;
     settings.clock = [this] { return bridge::Moment(birth + std::chrono::milliseconds(elapsed_.load())); };
     bridge_ = std::make_unique<bridge::Bridge>(settings);

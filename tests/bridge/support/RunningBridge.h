@@ -18,6 +18,8 @@ public:
         std::uint64_t largestUpload = 64 << 20;
         std::string apiKey;
         bool verbose = false;
+        bridge::DailyLimits daily = {};
+        std::size_t answerMemory = 256 << 20;
         /// Adds operations of the test's own.
         std::function<void(bridge::Router&)> operations;
     };
