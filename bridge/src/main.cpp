@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <iostream>
+#include <malloc.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
@@ -41,6 +42,8 @@ int main(int argc, char** argv)
     // Passwords pass through this memory, and no core file may hold them.
     const rlimit none{0, 0};
     setrlimit(RLIMIT_CORE, &none);
+    // The pieces of long answers go back to the system when they were sent, one by one.
+    mallopt(M_MMAP_THRESHOLD, 256 << 10);
     // A file that may not grow any more is an error like a full disk, not the end of the server.
     std::signal(SIGXFSZ, SIG_IGN);
     try {

@@ -1,6 +1,8 @@
 #include "support/Reader.h"
 #include "support/RunningBridge.h"
 
+#include <future>
+
 using Profile = BridgeTest;
 
 // The person is under "user" for some accounts and flat for others.
@@ -89,4 +91,42 @@ TEST_F(Profile, ANewPasswordEndsEveryOtherSignIn)
     EXPECT_EQ(api.renew(other["refreshToken"]).status, 400);
     EXPECT_EQ(api.signIn(client).status, 400);
     EXPECT_EQ(api.signIn(client, " a new one ").status, 200);
+}
+
+TEST_F(Profile, TheCurrentPasswordIsNotGuessedWithAStolenToken)
+{
+    const std::string token = tokenOf(client);
+    const auto guess = [&](const std::string& password) {
+        return api
+            .post("/profile/password", token, {{"current_password", password}, {"new_password", "a new one"}})
+            .status;
+    };
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(guess("wrong"), 422);
+    EXPECT_EQ(guess("quorvel-demo"), 429) << "not even the right one is looked at";
+    EXPECT_EQ(api.signIn(client).status, 200) << "its owner signs in all the same";
+}
+
+TEST_F(Profile, OfSeveralNewPasswordsAtOnceOneCounts)
+{
+    const std::string token = tokenOf(client);
+    const auto change = [&](int number) {
+        return api
+            .post("/profile/password", token,
+                {{"current_password", "quorvel-demo"}, {"new_password", "number " + std::to_string(number)}})
+            .status;
+    };
+    std::vector<std::future<int>> answers;
+    for (int i = 0; i < 4; ++i)
+        answers.push_back(std::async(std::launch::async, change, i));
+    int changed = 0;
+    int valid = -1;
+    for (int i = 0; i < 4; ++i) {
+        if (answers[static_cast<std::size_t>(i)].get() == 200) {
+            ++changed;
+            valid = i;
+        }
+    }
+    EXPECT_EQ(changed, 1);
+    EXPECT_EQ(api.signIn(client, "number " + std::to_string(valid)).status, 200);
 }

@@ -1,5 +1,8 @@
+#include "People/Accounts.h"
 #include "support/Reader.h"
 #include "support/RunningBridge.h"
+
+#include <future>
 
 using namespace std::chrono_literals;
 using SignIn = BridgeTest;
@@ -148,6 +151,21 @@ TEST_F(SignIn, WhatNobodyCanUseAnyMoreIsDeleted)
         << "the used ones are older than 30 days, the other client's than 90";
     EXPECT_EQ(rows("sign_ins"), "1");
     EXPECT_EQ(api.renew(next).status, 200);
+}
+
+TEST_F(SignIn, APasswordThatIsChangedMeanwhileSignsNobodyIn)
+{
+    std::future<Reply> answer;
+    bridge.service().database.write([&](soci::session& sql) {
+        // Whoever signs in now verifies the old password, and then waits for this transaction.
+        answer = std::async(std::launch::async, [this] { return api.signIn(client); });
+        std::string hash;
+        for (int i = 0; i < 20; ++i)
+            hash = bridge.service().passwords.hash("the new one");
+        bridge::setPasswordHash(sql, 1, hash, bridge.service().now());
+    });
+    EXPECT_EQ(answer.get().status, 400);
+    EXPECT_EQ(api.signIn(client, "the new one").status, 200);
 }
 
 TEST_F(SignIn, TheTokenEndpointDemandsItsForm)
