@@ -1,6 +1,8 @@
 #include "Http/Call.h"
 
 #include "Http/Problem.h"
+#include "Net/Peer.h"
+#include "Net/RequestHead.h"
 #include "Net/TlsServer.h"
 
 #include <algorithm>
@@ -47,7 +49,7 @@ std::string Call::header(const std::string& name) const
 
 std::string Call::contentType() const
 {
-    return header(TlsServer::receivedContentType);
+    return header(RequestHead::receivedContentType);
 }
 
 std::string Call::bearerToken() const
@@ -55,6 +57,11 @@ std::string Call::bearerToken() const
     constexpr std::string_view prefix = "Bearer ";
     const std::string value = header("Authorization");
     return value.compare(0, prefix.size(), prefix) == 0 ? value.substr(prefix.size()) : std::string();
+}
+
+std::string Call::peer() const
+{
+    return peerOf(request_.remote_addr);
 }
 
 std::string Call::origin() const
@@ -69,7 +76,8 @@ std::string Call::origin() const
 
 void Call::read(const Sink& sink)
 {
-    if (!content_ || (!request_.has_header("Content-Length") && !request_.has_header("Transfer-Encoding")))
+    if (!content_
+        || (!request_.has_header("Content-Length") && !request_.has_header(RequestHead::receivedInChunks)))
         return;
     const bool isComplete = (*content_)([&sink](const char* bytes, std::size_t size) {
         sink(bytes, size);
@@ -81,6 +89,7 @@ void Call::read(const Sink& sink)
 
 std::string Call::text()
 {
+    TlsServer::expectText(request_);
     std::string body;
     read([&body](const char* bytes, std::size_t size) {
         if (body.size() + size > largestText)
