@@ -29,14 +29,14 @@ static void signIn(Service& service, Call& call)
 {
     const Fields fields = call.json();
     const std::string email = fields.text("email");
-    if (!service.throttle.admit(email))
+    if (!service.throttle.admit(email, call.peer()))
         throw refusal(429, "Too many attempts. Please wait a moment and try again.");
 
     const Credentials credentials
         = service.database.read([&](soci::session& sql) { return findCredentials(sql, email); });
     if (!service.passwords.verify(credentials.passwordHash, fields.untrimmedText("password")))
         throw Problem(400, {{"error", "INVALID_LOGIN_CREDENTIALS"}});
-    service.throttle.succeeded(email);
+    service.throttle.succeeded(email, call.peer());
 
     call.answer(service.database.write([&](soci::session& sql) {
         const std::optional<Account> account = findAccount(sql, credentials.userId);
@@ -53,6 +53,8 @@ static void registerClient(Service& service, Call& call)
     Account wanted;
     readContact(fields, wanted);
     requireLongEnough(password, "password");
+    if (!service.registrations.admit(call.peer()))
+        throw refusal(429, "Too many attempts. Please wait a moment and try again.");
 
     const NewAccount account{wanted.email, service.passwords.hash(password), wanted.fullName, wanted.phone,
         wanted.city, wanted.state, "client"};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "People/Passwords.h"
+#include "People/RegistrationThrottle.h"
 #include "People/SignInThrottle.h"
 #include "People/SignIns.h"
 #include "Settings.h"
@@ -23,6 +24,7 @@ struct Service
     Passwords passwords;
     SignIns signIns;
     SignInThrottle throttle;
+    RegistrationThrottle registrations;
 };
 
 } // namespace bridge

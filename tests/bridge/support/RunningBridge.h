@@ -18,6 +18,7 @@ public:
         std::uint64_t largestUpload = 64 << 20;
         std::string apiKey;
         bool verbose = false;
+        int mostRegistrations = 20;
         /// Adds operations of the test's own.
         std::function<void(bridge::Router&)> operations;
     };
@@ -28,6 +29,9 @@ public:
 
     void letPass(std::chrono::milliseconds time) { elapsed_ += time.count(); }
 
+    /// The time of day is corrected, while time itself goes on.
+    void setClockBack(std::chrono::milliseconds time) { setBack_ += time.count(); }
+
     bridge::Service& service() { return bridge_->service(); }
     const std::filesystem::path& data() const { return folder_.path(); }
     int port() const { return bridge_->port(); }
@@ -36,6 +40,7 @@ public:
 private:
     TemporaryFolder folder_;
     std::atomic<long long> elapsed_ = 0;
+    std::atomic<long long> setBack_ = 0;
     std::unique_ptr<bridge::Bridge> bridge_;
     std::thread thread_;
 };
