@@ -108,7 +108,7 @@ class Server
 {
 public:
     Server()
-        : router_([](const std::string&) -> bridge::Account { throw bridge::signInNeeded(); }),
+        : router_([](bridge::Call&) { throw bridge::signInNeeded(); }),
           server_(bridge::TlsIdentity(folder_, bridge::systemTime()))
     {
         std::filesystem::remove_all(folder_);

@@ -3,6 +3,7 @@
 #include "Demo/DemoData.h"
 #include "Housekeeper.h"
 #include "Operations/Operations.h"
+#include "Privacy.h"
 
 #include <fcntl.h>
 #include <iostream>
@@ -15,6 +16,7 @@ namespace bridge {
 static Descriptor locked(const std::filesystem::path& data)
 {
     std::filesystem::create_directories(data);
+    keepForOwner(data);
     Descriptor lock(::open((data / "lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
     if (lock.number() < 0)
         throw std::runtime_error("The data folder cannot be written: " + data.string());

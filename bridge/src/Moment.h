@@ -14,6 +14,11 @@ using Clock = std::function<Moment()>;
 
 Moment systemTime();
 
+/// Time that only runs forward, for what is measured from one moment to another: a clock that is set shortens
+/// and lengthens nothing.
+using SteadyMoment = std::chrono::steady_clock::time_point;
+using SteadyClock = std::function<SteadyMoment()>;
+
 /// The number that the database keeps of it.
 inline long long stamp(Moment moment)
 {

@@ -51,6 +51,10 @@ struct Settings
     bool verbose = false;
     PasswordCost passwordCost = PasswordCost::Interactive;
     Clock clock = systemTime;
+    /// What attempts are counted by.
+    SteadyClock steadyClock = std::chrono::steady_clock::now;
+    /// Accounts that one peer may open within an hour.
+    int mostRegistrations = 20;
 };
 
 } // namespace bridge

@@ -1,6 +1,8 @@
 #include "Http/Call.h"
 
 #include "Http/Problem.h"
+#include "Net/Peer.h"
+#include "Net/RequestHead.h"
 #include "Net/TlsServer.h"
 
 #include <algorithm>
@@ -52,7 +54,7 @@ std::string Call::header(const std::string& name) const
 
 std::string Call::contentType() const
 {
-    return header(TlsServer::receivedContentType);
+    return header(RequestHead::receivedContentType);
 }
 
 std::string Call::bearerToken() const
@@ -60,6 +62,11 @@ std::string Call::bearerToken() const
     constexpr std::string_view prefix = "Bearer ";
     const std::string value = header("Authorization");
     return value.compare(0, prefix.size(), prefix) == 0 ? value.substr(prefix.size()) : std::string();
+}
+
+std::string Call::peer() const
+{
+    return peerOf(request_.remote_addr);
 }
 
 std::string Call::origin() const
@@ -74,7 +81,8 @@ std::string Call::origin() const
 
 bool Call::hasBody() const
 {
-    return content_ && (request_.has_header("Content-Length") || request_.has_header("Transfer-Encoding"));
+    return content_
+        && (request_.has_header("Content-Length") || request_.has_header(RequestHead::receivedInChunks));
 }
 
 long long Call::statedLength() const
@@ -99,6 +107,7 @@ void Call::read(const Sink& sink)
 
 std::string Call::text(std::size_t most)
 {
+    TlsServer::expectText(request_);
     std::string body;
     read([&body, most](const char* bytes, std::size_t size) {
         if (body.size() + size > most)

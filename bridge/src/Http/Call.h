@@ -59,6 +59,9 @@ public:
     /// The token behind "Bearer "; empty when there is none.
     std::string bearerToken() const;
 
+    /// Whom attempts are counted for: the address of the network that asks. \see peerOf
+    std::string peer() const;
+
     /// Scheme, host and port under which the client reached this server.
     std::string origin() const;
 

@@ -1,27 +1,39 @@
 #include "Net/ConnectionThreads.h"
 
-#include <system_error>
+#include <exception>
 
 namespace bridge {
 
-ConnectionThreads::ConnectionThreads(std::size_t limit) : limit_(limit) { }
+ConnectionThreads::ConnectionThreads(std::size_t limit) : limit_(limit)
+{
+    threads_.reserve(limit);
+}
 
 void ConnectionThreads::enqueue(std::function<void()> job)
 {
-    const std::lock_guard lock(mutex_);
-    jobs_.push_back(std::move(job));
+    std::unique_lock lock(mutex_);
+    try {
+        jobs_.emplace_back();
+    } catch (const std::bad_alloc&) {
+        // Without memory to keep it in, it is done at once; whoever comes next waits in the system's queue.
+        lock.unlock();
+        job();
+        return;
+    }
+    jobs_.back() = std::move(job);
     const bool isOneMoreWanted = idle_ < jobs_.size() && threads_.size() < limit_;
     if (!isOneMoreWanted || !startThread())
         wake_.notify_one();
 }
 
-/// \returns whether the system had one left; the threads that there are do the work otherwise
+/// \returns whether the system had one left, and memory for it; the threads that there are do the work
+/// otherwise
 bool ConnectionThreads::startThread()
 {
     try {
         threads_.emplace_back([this] { work(); });
         return true;
-    } catch (const std::system_error&) {
+    } catch (const std::exception&) {
         return false;
     }
 }

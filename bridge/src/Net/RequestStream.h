@@ -1,5 +1,8 @@
 #pragma once
 
+#include "Net/BodyFraming.h"
+#include "Net/BodyPace.h"
+
 #include <httplib.h>
 
 #include <array>
@@ -8,16 +11,28 @@
 
 namespace bridge {
 
-/// The requests of one connection, as the HTTP library reads them. It keeps the bounds that the library
-/// lacks: how long and how many the lines of a request's head may be, and how long a head may take.
+/// The requests of one connection, as the HTTP library reads them. The library gets heads that were read and
+/// bounded here, and bodies without their framing: what it lacks is bounds, and a strict eye on where a
+/// request ends.
 class RequestStream : public httplib::Stream
 {
 public:
-    /// Waits for the first byte of a request; false when none came in time.
-    bool awaitRequest(std::chrono::seconds patience);
+    enum class Arrival
+    {
+        Nothing, ///< no request came, or no whole head in time
+        Request,
+        Malformed, ///< the library is given a head that it refuses; nothing behind this one can be read
+    };
 
-    /// The bytes of the body that were read since awaitRequest().
-    std::uint64_t bodyBytes() const { return bodyBytes_; }
+    /// Waits for a request and reads its head.
+    /// \param patience  until its first byte
+    Arrival awaitRequest(std::chrono::seconds patience);
+
+    /// The body of this request is a short text, which has less time to arrive than a file.
+    void expectText() { pace_.expectText(); }
+
+    /// True when the body has been read to its end, so that the next byte begins another request.
+    bool isBodyRead() const { return framing_.isOver(); }
 
     /// False after a failure or a breach of the bounds: nothing more can be read.
     bool isSound() const { return isSound_; }
@@ -29,29 +44,33 @@ public:
     void get_local_ip_and_port(std::string& ip, int& port) const override;
 
 protected:
-    using SteadyTime = std::chrono::steady_clock::time_point;
+    explicit RequestStream(SteadyClock clock);
 
     /// Waits until the deadline for what the client sends next.
     /// \returns the bytes put into the buffer; 0 when there will be none
-    virtual std::size_t receive(char* buffer, std::size_t room, SteadyTime deadline) = 0;
+    virtual std::size_t receive(char* buffer, std::size_t room, SteadyMoment deadline) = 0;
 
     void fail() { isSound_ = false; }
 
 private:
-    bool fill(SteadyTime deadline);
-    bool mayTakeOfHead(char byte);
+    Arrival readHead();
+    ssize_t readBody(char* bytes, std::size_t size);
+    void beginBody();
+    bool fill(SteadyMoment deadline);
 
+    const SteadyClock clock_;
     std::array<char, 16 << 10> buffer_;
     std::size_t position_ = 0;
     std::size_t filled_ = 0;
     bool isSound_ = true;
 
-    bool isInHead_ = true;
-    std::size_t headBytes_ = 0;
-    std::size_t headLines_ = 0;
-    std::size_t lineBytes_ = 0;
-    SteadyTime headDeadline_;
-    std::uint64_t bodyBytes_ = 0;
+    std::string head_;
+    std::size_t headPosition_ = 0;
+    BodyFraming framing_{std::nullopt};
+    BodyPace pace_;
+    bool isBodyBegun_ = false;
+    bool isBodyBroken_ = false;
+    bool isContinueAwaited_ = false;
 };
 
 } // namespace bridge

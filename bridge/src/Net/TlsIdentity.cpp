@@ -147,13 +147,18 @@ void write(const std::filesystem::path& file, EVP_PKEY* key)
     replaceFile(file, textOf(memory.get()));
 }
 
-// True when the pair belongs together and stays valid beyond the renewal period.
-bool isUsable(X509* certificate, EVP_PKEY* key, Moment now)
+bool isPair(X509* certificate, EVP_PKEY* key)
 {
-    if (!certificate || !key || X509_check_private_key(certificate, key) != 1)
-        return false;
+    return certificate && key && X509_check_private_key(certificate, key) == 1;
+}
+
+// True when it is valid now and stays so beyond the renewal period.
+bool isTimely(X509* certificate, Moment now)
+{
+    time_t present = secondsOf(now);
     time_t renewal = secondsOf(now + renewalPeriod);
-    return X509_cmp_time(X509_get0_notAfter(certificate), &renewal) > 0;
+    return X509_cmp_time(X509_get0_notBefore(certificate), &present) < 0
+        && X509_cmp_time(X509_get0_notAfter(certificate), &renewal) > 0;
 }
 
 } // namespace
@@ -163,16 +168,20 @@ TlsIdentity::TlsIdentity(std::filesystem::path folder, Moment now) : folder_(std
     std::filesystem::create_directories(folder_);
     Certificate authority = readCertificate(folder_ / "ca.pem");
     Key authorityKey = readKey(folder_ / "ca.key");
-    if (!isUsable(authority.get(), authorityKey.get(), now)) {
+    const bool hasAuthority = isPair(authority.get(), authorityKey.get());
+    if (!hasAuthority) {
         authorityKey = makeKey();
-        authority = makeAuthority(authorityKey.get(), now);
         write(folder_ / "ca.key", authorityKey.get());
+    }
+    if (!hasAuthority || !isTimely(authority.get(), now)) {
+        authority = makeAuthority(authorityKey.get(), now);
         write(folder_ / "ca.pem", authority.get());
     }
 
     const Certificate server = readCertificate(folder_ / "server.pem");
     const Key serverKey = readKey(folder_ / "server.key");
-    if (!isUsable(server.get(), serverKey.get(), now) || X509_verify(server.get(), authorityKey.get()) != 1) {
+    if (!isPair(server.get(), serverKey.get()) || !isTimely(server.get(), now)
+        || X509_verify(server.get(), authorityKey.get()) != 1) {
         const Key key = makeKey();
         const Certificate renewed = makeServer(key.get(), authority.get(), authorityKey.get(), now);
         write(folder_ / "server.key", key.get());

@@ -16,8 +16,10 @@ namespace bridge {
 /// - `server.pem`, `server.key`: the certificate that is shown, for localhost, 127.0.0.1 and ::1, valid for
 ///   825 days and made anew in its last 30.
 ///
-/// Files that are missing, unreadable or do not belong together are replaced. Keys are readable by the owner
-/// alone.
+/// Files that are missing, unreadable or do not belong together are replaced. Where only the time of a
+/// certificate is wrong, be it over or, under a clock that was set back since, not there yet, it is made
+/// anew: the authority's for the same key and name, so that whoever has trusted a copy of the old `ca.pem`
+/// goes on trusting the server for as long as that copy is good. Keys are readable by the owner alone.
 class TlsIdentity
 {
 public:

@@ -3,9 +3,7 @@
 #include "Net/ConnectionThreads.h"
 #include "Net/TlsStream.h"
 
-#include <charconv>
 #include <csignal>
-#include <optional>
 #include <sys/eventfd.h>
 #include <unistd.h>
 
@@ -58,9 +56,15 @@ void TlsServer::finish()
 
 bool TlsServer::process_and_close_socket(socket_t socket)
 {
-    TlsStream stream(socket, context_.get(), stop_.number());
-    const Next next = stream.accept() ? serveAll(stream) : Next::Close;
-    stream.close(next == Next::CloseWhileClientSends);
+    // Whatever goes wrong here, be it that memory has run out, is the end of this connection and of nothing
+    // else.
+    try {
+        TlsStream stream(socket, context_.get(), stop_.number());
+        const Next next = stream.accept() ? serveAll(stream) : Next::Close;
+        stream.close(next == Next::CloseWhileClientSends);
+    } catch (...) {
+        ::shutdown(socket, SHUT_RDWR);
+    }
     ::close(socket);
     return true;
 }
@@ -69,46 +73,39 @@ TlsServer::Next TlsServer::serveAll(RequestStream& stream)
 {
     Next next = Next::AnotherRequest;
     for (std::size_t count = 1; next == Next::AnotherRequest; ++count) {
-        if (!stream.awaitRequest(patienceForNextRequest))
+        const RequestStream::Arrival arrival = stream.awaitRequest(patienceForNextRequest);
+        if (arrival == RequestStream::Arrival::Nothing)
             return Next::Close;
-        next = serveOne(stream, count == mostRequestsOfConnection);
+        next = serveOne(
+            stream, arrival == RequestStream::Arrival::Malformed || count == mostRequestsOfConnection);
     }
     return next;
-}
-
-// The length that the request states for its body; none when it is in chunks, of which nobody knows the sum,
-// or when it is stated in a way that two readers could understand differently.
-static std::optional<std::uint64_t> statedLength(const httplib::Request& request)
-{
-    if (request.has_header("Transfer-Encoding"))
-        return std::nullopt;
-    const std::size_t count = request.get_header_value_count("Content-Length");
-    if (count == 0)
-        return 0;
-    const std::string text = request.get_header_value("Content-Length");
-    const char* end = text.data() + text.size();
-    std::uint64_t length = 0;
-    const auto [stop, error] = std::from_chars(text.data(), end, length);
-    return count == 1 && error == std::errc() && stop == end ? std::optional(length) : std::nullopt;
 }
 
 TlsServer::Next TlsServer::serveOne(RequestStream& stream, bool isLast)
 {
     bool isOver = isLast;
-    std::optional<std::uint64_t> bodyLength = 0;
-    const bool served = process_request(stream, isLast, isOver, [&bodyLength](httplib::Request& request) {
-        bodyLength = statedLength(request);
-        const std::string type = request.get_header_value("Content-Type");
-        request.headers.erase("Content-Type");
-        request.headers.erase(receivedContentType);
-        request.set_header(receivedContentType, type);
+    bool isUnderstood = false;
+    const bool served = process_request(stream, isLast, isOver, [&](httplib::Request& request) {
+        isUnderstood = true;
+        // The library calls this in its clients only.
+        request.progress = [&stream](std::uint64_t, std::uint64_t) {
+            stream.expectText();
+            return true;
+        };
         // No operation has so long a path, and matching it recurses once per character.
         if (request.path.size() > longestPath)
             request.path = "/unknown";
     });
-    if (!stream.isSound() || bodyLength != stream.bodyBytes())
+    if (!stream.isSound() || !stream.isBodyRead())
         return Next::CloseWhileClientSends;
-    return served && !isOver ? Next::AnotherRequest : Next::Close;
+    return served && isUnderstood && !isOver ? Next::AnotherRequest : Next::Close;
+}
+
+void TlsServer::expectText(const httplib::Request& request)
+{
+    if (request.progress)
+        request.progress(0, 0);
 }
 
 } // namespace bridge

@@ -12,14 +12,12 @@ namespace bridge {
 /// The HTTP library's server, on TLS connections of our own: a thread for each connection, bounded heads,
 /// short idle times, and a stop that does not wait for idle clients.
 ///
-/// Every request reaches one of the handlers that are set for all paths of its method; a body is read only by
-/// asking the content reader, as bytes: the library's own readers of forms are kept out (they cap forms at
-/// 8 KiB and change file names). The type that the client stated is in the header receivedContentType.
+/// Every request whose head can be read reaches one of the handlers that are set for all paths of its method;
+/// a body is read only by asking the content reader, as bytes: the library's own readers of forms are kept
+/// out (they cap forms at 8 KiB and change file names). RequestHead says which fields have another name then.
 class TlsServer : public httplib::Server
 {
 public:
-    static constexpr const char* receivedContentType = "X-Received-Content-Type";
-
     explicit TlsServer(const TlsIdentity& identity);
 
     enum class Next
@@ -37,6 +35,10 @@ public:
     /// Serves until finish() is called, from any thread.
     void serve();
     void finish();
+
+    /// For the handler of a request, before it reads the body: this one is a short text, which has less time
+    /// to arrive than a file.
+    static void expectText(const httplib::Request& request);
 
     /// Answers the requests of one connection, until it is to be closed.
     Next serveAll(RequestStream& stream);

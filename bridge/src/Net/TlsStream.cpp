@@ -4,7 +4,9 @@
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
+#include <netdb.h>
 #include <poll.h>
+#include <sys/socket.h>
 
 namespace bridge {
 
@@ -16,7 +18,7 @@ static constexpr seconds patienceForGoodbye(2);
 static constexpr std::size_t largestGoodbye = 8 << 20;
 
 TlsStream::TlsStream(socket_t socket, SSL_CTX* context, int stop)
-    : socket_(socket), stop_(stop), ssl_(SSL_new(context), SSL_free)
+    : RequestStream(steady_clock::now), socket_(socket), stop_(stop), ssl_(SSL_new(context), SSL_free)
 {
     ::fcntl(socket_, F_SETFL, ::fcntl(socket_, F_GETFL) | O_NONBLOCK);
     if (!ssl_ || SSL_set_fd(ssl_.get(), socket_) != 1)
@@ -25,7 +27,7 @@ TlsStream::TlsStream(socket_t socket, SSL_CTX* context, int stop)
 
 bool TlsStream::accept()
 {
-    const SteadyTime deadline = steady_clock::now() + patienceForHandshake;
+    const SteadyMoment deadline = steady_clock::now() + patienceForHandshake;
     while (isSound()) {
         const int result = SSL_accept(ssl_.get());
         if (result == 1)
@@ -48,7 +50,7 @@ void TlsStream::close(bool clientMayStillSend)
 void TlsStream::swallowRest()
 {
     ::shutdown(socket_, SHUT_WR);
-    const SteadyTime deadline = steady_clock::now() + patienceForGoodbye;
+    const SteadyMoment deadline = steady_clock::now() + patienceForGoodbye;
     std::array<char, 16 << 10> buffer;
     std::size_t received = 0;
     while (received < largestGoodbye && wait(POLLIN, deadline)) {
@@ -64,11 +66,25 @@ bool TlsStream::is_readable() const
     return RequestStream::is_readable() || SSL_pending(ssl_.get()) > 0;
 }
 
+void TlsStream::get_remote_ip_and_port(std::string& ip, int& port) const
+{
+    sockaddr_storage address{};
+    socklen_t size = sizeof address;
+    std::array<char, NI_MAXHOST> host{};
+    const bool isKnown = ::getpeername(socket_, reinterpret_cast<sockaddr*>(&address), &size) == 0
+        && ::getnameinfo(reinterpret_cast<sockaddr*>(&address), size, host.data(), host.size(), nullptr, 0,
+               NI_NUMERICHOST)
+            == 0;
+    // The scope of a link-local address is a name of this machine's own.
+    ip = isKnown ? std::string(host.data()).substr(0, std::string(host.data()).find('%')) : std::string();
+    port = 0;
+}
+
 ssize_t TlsStream::write(const char* bytes, size_t size)
 {
     if (!ssl_ || size == 0)
         return size == 0 ? 0 : -1;
-    const SteadyTime deadline = steady_clock::now() + patienceForWriting;
+    const SteadyMoment deadline = steady_clock::now() + patienceForWriting;
     for (;;) {
         const int result = SSL_write(ssl_.get(), bytes, static_cast<int>(std::min<size_t>(size, 1 << 30)));
         if (result > 0)
@@ -80,7 +96,7 @@ ssize_t TlsStream::write(const char* bytes, size_t size)
     }
 }
 
-std::size_t TlsStream::receive(char* buffer, std::size_t room, SteadyTime deadline)
+std::size_t TlsStream::receive(char* buffer, std::size_t room, SteadyMoment deadline)
 {
     for (;;) {
         const int result = SSL_read(ssl_.get(), buffer, static_cast<int>(room));
@@ -92,7 +108,7 @@ std::size_t TlsStream::receive(char* buffer, std::size_t room, SteadyTime deadli
 }
 
 // True when the operation that gave this result is worth repeating.
-bool TlsStream::retry(int result, SteadyTime deadline) const
+bool TlsStream::retry(int result, SteadyMoment deadline) const
 {
     switch (SSL_get_error(ssl_.get(), result)) {
     case SSL_ERROR_WANT_READ:
@@ -104,7 +120,7 @@ bool TlsStream::retry(int result, SteadyTime deadline) const
     }
 }
 
-bool TlsStream::wait(short events, SteadyTime deadline) const
+bool TlsStream::wait(short events, SteadyMoment deadline) const
 {
     for (;;) {
         const auto left = ceil<milliseconds>(deadline - steady_clock::now());

@@ -23,13 +23,14 @@ public:
     void close(bool clientMayStillSend);
 
     bool is_readable() const override;
+    void get_remote_ip_and_port(std::string& ip, int& port) const override;
     ssize_t write(const char* bytes, size_t size) override;
     socket_t socket() const override { return socket_; }
 
 private:
-    std::size_t receive(char* buffer, std::size_t room, SteadyTime deadline) override;
-    bool wait(short events, SteadyTime deadline) const;
-    bool retry(int result, SteadyTime deadline) const;
+    std::size_t receive(char* buffer, std::size_t room, SteadyMoment deadline) override;
+    bool wait(short events, SteadyMoment deadline) const;
+    bool retry(int result, SteadyMoment deadline) const;
     void swallowRest();
 
     const socket_t socket_;

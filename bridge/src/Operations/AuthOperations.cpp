@@ -11,7 +11,7 @@ static void signIn(Service& service, Call& call)
 {
     const Fields fields = call.json();
     const std::string email = fields.text("email");
-    if (!service.throttle.admit(email))
+    if (!service.throttle.admit(email, call.peer()))
         throw tooManyAttempts();
     const Problem wrong(400, {{"error", "INVALID_LOGIN_CREDENTIALS"}});
 
@@ -20,7 +20,7 @@ static void signIn(Service& service, Call& call)
         = service.database.read([&](soci::session& sql) { return findCredentials(sql, email); });
     if (!service.passwords.verify(verified.passwordHash, fields.untrimmedText("password")))
         throw wrong;
-    service.throttle.succeeded(email);
+    service.throttle.succeeded(email, call.peer());
 
     call.answer(service.database.write([&](soci::session& sql) {
         const std::optional<Account> account = findAccount(sql, verified.userId);
@@ -37,6 +37,8 @@ static void registerClient(Service& service, Call& call)
     Account wanted;
     readContact(fields, wanted);
     requireLongEnough(password, "password");
+    if (!service.registrations.admit(call.peer()))
+        throw tooManyAttempts();
 
     const NewAccount account{wanted.email, service.passwords.hash(password), wanted.fullName, wanted.phone,
         wanted.city, wanted.state, "client"};

@@ -1,7 +1,9 @@
 #include "Operations/Operations.h"
 
 #include "Answers/SessionAnswers.h"
+#include "Http/ByteRange.h"
 #include "Http/Problem.h"
+#include "Net/RequestHead.h"
 #include "Operations/UploadForm.h"
 #include "People/DailyUse.h"
 #include "Work/Sessions.h"
@@ -129,17 +131,33 @@ static void download(Service& service, Call& call)
         throw notFound();
 
     httplib::Response& response = call.response();
+    const auto size = static_cast<std::uint64_t>(found->byteSize);
+    const ByteRange range = readRange(call.header(RequestHead::receivedRange), size);
+    if (range.kind == ByteRange::Kind::Unsatisfiable) {
+        response.set_header("Content-Range", "bytes */" + std::to_string(size));
+        call.answer({{"message", "The file does not have that part."}}, 416);
+        return;
+    }
     response.set_header(
         "Content-Disposition", "attachment; filename*=UTF-8''" + percentEncoded(found->originalName));
     // What a stranger has sent does nothing in the browser that shows it, and its address goes nowhere from
     // there.
     response.set_header("Content-Security-Policy", "sandbox");
     response.set_header("Referrer-Policy", "no-referrer");
-    response.set_content_provider(static_cast<std::size_t>(found->byteSize), safeMimeType(found->mimeType),
-        [file](std::size_t offset, std::size_t length, httplib::DataSink& sink) {
+    response.set_header("Accept-Ranges", "bytes");
+    const bool isPart = range.kind == ByteRange::Kind::Part;
+    if (isPart) {
+        response.status = 206;
+        response.set_header("Content-Range",
+            "bytes " + std::to_string(range.begin) + '-' + std::to_string(range.begin + range.length - 1)
+                + '/' + std::to_string(size));
+    }
+    response.set_content_provider(static_cast<std::size_t>(isPart ? range.length : size),
+        safeMimeType(found->mimeType),
+        [file, begin = range.begin](std::size_t offset, std::size_t length, httplib::DataSink& sink) {
             std::array<char, 64 << 10> buffer;
-            const ssize_t count = ::pread(
-                file->number(), buffer.data(), std::min(length, buffer.size()), static_cast<off_t>(offset));
+            const ssize_t count = ::pread(file->number(), buffer.data(), std::min(length, buffer.size()),
+                static_cast<off_t>(begin + offset));
             return count > 0 && sink.write(buffer.data(), static_cast<std::size_t>(count));
         });
 }

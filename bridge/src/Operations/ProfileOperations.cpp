@@ -35,12 +35,11 @@ static void changePassword(Service& service, Call& call)
     const auto [user, verified] = service.read(call, [](soci::session& sql, const Account& self) {
         return std::pair(self.id, passwordHashOf(sql, self.id));
     });
-    const std::string guessed = "account " + std::to_string(user);
-    if (!service.throttle.admit(guessed))
+    if (!service.throttle.admit(user, call.peer()))
         throw tooManyAttempts();
     if (!service.passwords.verify(verified, fields.untrimmedText("current_password")))
         throw wrong;
-    service.throttle.succeeded(guessed);
+    service.throttle.succeeded(user, call.peer());
 
     const std::string hash = service.passwords.hash(password);
     service.write(call, [&](soci::session& sql, const Account& self) {

@@ -31,7 +31,8 @@ static std::filesystem::path databaseBeside(const std::filesystem::path& uploads
 Service::Service(const Settings& wanted)
     : settings(wanted), uploads(made(wanted.data / "uploads")),
       database(databaseBeside(uploads, wanted.data / "bridge.sqlite")), passwords(wanted.passwordCost),
-      signIns(wanted.clock, wanted.idTokenLifetime), throttle(wanted.clock)
+      signIns(wanted.clock, wanted.idTokenLifetime), throttle(wanted.steadyClock),
+      registrations(wanted.steadyClock, wanted.mostRegistrations)
 {
     setAsideUnknown(uploads, database.read([](soci::session& sql) { return listUploadPaths(sql); }),
         wanted.data / "lost");

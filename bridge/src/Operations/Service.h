@@ -3,6 +3,7 @@
 #include "Http/Call.h"
 #include "People/Account.h"
 #include "People/Passwords.h"
+#include "People/RegistrationThrottle.h"
 #include "People/SignInThrottle.h"
 #include "People/SignIns.h"
 #include "Settings.h"
@@ -40,6 +41,7 @@ struct Service
     Passwords passwords;
     SignIns signIns;
     SignInThrottle throttle;
+    RegistrationThrottle registrations;
     AnswerBudget answers{settings.answerMemory};
 
 private:

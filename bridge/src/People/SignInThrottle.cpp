@@ -9,54 +9,78 @@ namespace bridge {
 
 using namespace std::chrono;
 
-static constexpr int freeFailures = 5;
+static constexpr int freeFailuresOfPeer = 5;
+static constexpr int freeFailuresOfAll = 50;
 static constexpr seconds longestDelay(30);
 static constexpr minutes memory(15);
 static constexpr std::size_t mostRemembered = 10'000;
 
-SignInThrottle::SignInThrottle(Clock clock) : clock_(std::move(clock)) { }
+SignInThrottle::SignInThrottle(SteadyClock clock)
+    : clock_(std::move(clock)), ofPeers_(memory, mostRemembered), ofAll_(memory, mostRemembered)
+{ }
 
-// Of one length, whatever is sent as an address.
-static std::string keyOf(const std::string& email)
+// Of one length, whatever is sent as an address, and never that of an account.
+static std::string subjectOf(const std::string& email)
 {
-    return fingerprint(lowerCased(email));
+    return fingerprint("email " + lowerCased(email));
 }
 
-static seconds delayAfter(int failures)
+static std::string subjectOf(Id account)
 {
-    if (failures < freeFailures)
-        return seconds(0);
-    return std::min(longestDelay, seconds(1ll << std::min(failures - freeFailures, 5)));
+    return fingerprint("account " + std::to_string(account));
 }
 
-bool SignInThrottle::admit(const std::string& email)
+static bool isEarly(const Tally::Entry& attempts, int freeFailures, SteadyMoment now)
+{
+    if (attempts.count < freeFailures)
+        return false;
+    const seconds delay(1ll << std::min(attempts.count - freeFailures, 5));
+    return now < attempts.last + std::min(longestDelay, delay);
+}
+
+bool SignInThrottle::admit(const std::string& email, const std::string& peer)
+{
+    return admitSubject(subjectOf(email), peer);
+}
+
+bool SignInThrottle::admit(Id account, const std::string& peer)
+{
+    return admitSubject(subjectOf(account), peer);
+}
+
+void SignInThrottle::succeeded(const std::string& email, const std::string& peer)
+{
+    forgive(subjectOf(email), peer);
+}
+
+void SignInThrottle::succeeded(Id account, const std::string& peer)
+{
+    forgive(subjectOf(account), peer);
+}
+
+bool SignInThrottle::admitSubject(const std::string& subject, const std::string& peer)
 {
     const std::lock_guard lock(mutex_);
-    const Moment now = clock_();
-    if (attempts_.size() >= mostRemembered)
-        forgetOld(now);
-    Attempts& attempts = attempts_[keyOf(email)];
-    if (now - attempts.last > memory)
-        attempts.failures = 0;
-    if (now < attempts.last + delayAfter(attempts.failures))
+    const SteadyMoment now = clock_();
+    Tally::Entry& ofPeer = ofPeers_.of(subject + peer, now);
+    Tally::Entry& ofAll = ofAll_.of(subject, now);
+    if (isEarly(ofPeer, freeFailuresOfPeer, now) || isEarly(ofAll, freeFailuresOfAll, now))
         return false;
-    ++attempts.failures;
-    attempts.last = now;
+    for (Tally::Entry* attempts : {&ofPeer, &ofAll}) {
+        ++attempts->count;
+        attempts->last = now;
+    }
     return true;
 }
 
-void SignInThrottle::succeeded(const std::string& email)
+// A success says nothing about what others have tried.
+void SignInThrottle::forgive(const std::string& subject, const std::string& peer)
 {
     const std::lock_guard lock(mutex_);
-    attempts_.erase(keyOf(email));
-}
-
-void SignInThrottle::forgetOld(Moment now)
-{
-    std::erase_if(attempts_, [now](const auto& entry) { return now - entry.second.last > longestDelay; });
-    // Thousands of names within half a minute are an attack on this memory itself.
-    if (attempts_.size() >= mostRemembered)
-        attempts_.clear();
+    const SteadyMoment now = clock_();
+    Tally::Entry& ofAll = ofAll_.of(subject, now);
+    ofAll.count = std::max(0, ofAll.count - ofPeers_.of(subject + peer, now).count);
+    ofPeers_.forget(subject + peer);
 }
 
 } // namespace bridge

@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <fstream>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -48,6 +49,16 @@ Child::Child(const std::filesystem::path& data, const std::vector<std::string>& 
 Child::~Child()
 {
     end(SIGKILL);
+}
+
+std::size_t Child::peakMemory() const
+{
+    std::ifstream status("/proc/" + std::to_string(process_) + "/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.rfind("VmHWM:", 0) == 0)
+            return std::stoul(line.substr(6)) << 10;
+    }
+    return 0;
 }
 
 void Child::limitFiles(unsigned long long bytes)

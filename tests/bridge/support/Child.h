@@ -16,10 +16,14 @@ public:
     ~Child();
 
     bool isListening() const { return port_ != 0; }
+    int port() const { return port_; }
     Api api() const { return {port_, data_}; }
 
     /// What it printed before it listened, or ended.
     const std::string& output() const { return output_; }
+
+    /// The most memory that it ever had, in bytes.
+    std::size_t peakMemory() const;
 
     /// From now on no file may grow beyond so many bytes, as if the disk were full.
     void limitFiles(unsigned long long bytes);

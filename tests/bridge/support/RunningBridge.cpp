@@ -17,7 +17,12 @@ RunningBridge::RunningBridge(const Wishes& wishes)
     settings.daily = wishes.daily;
     settings.answerMemory = wishes.answerMemory;
     settings.passwordCost = bridge::PasswordCost::Lowest;
-    settings.clock = [this] { return bridge::Moment(birth + std::chrono::milliseconds(elapsed_.load())); };
+    settings.mostRegistrations = wishes.mostRegistrations;
+    settings.steadyClock
+        = [this] { return bridge::SteadyMoment(birth + std::chrono::milliseconds(elapsed_.load())); };
+    settings.clock = [this] {
+        return bridge::Moment(birth + std::chrono::milliseconds(elapsed_.load() - setBack_.load()));
+    };
     bridge_ = std::make_unique<bridge::Bridge>(settings);
     if (wishes.operations)
         wishes.operations(bridge_->router());

@@ -20,6 +20,7 @@ public:
         bool verbose = false;
         bridge::DailyLimits daily = {};
         std::size_t answerMemory = 256 << 20;
+        int mostRegistrations = 20;
         /// Adds operations of the test's own.
         std::function<void(bridge::Router&)> operations;
     };
@@ -30,6 +31,9 @@ public:
 
     void letPass(std::chrono::milliseconds time) { elapsed_ += time.count(); }
 
+    /// The time of day is corrected, while time itself goes on.
+    void setClockBack(std::chrono::milliseconds time) { setBack_ += time.count(); }
+
     bridge::Service& service() { return bridge_->service(); }
     const std::filesystem::path& data() const { return folder_.path(); }
     int port() const { return bridge_->port(); }
@@ -38,6 +42,7 @@ public:
 private:
     TemporaryFolder folder_;
     std::atomic<long long> elapsed_ = 0;
+    std::atomic<long long> setBack_ = 0;
     std::unique_ptr<bridge::Bridge> bridge_;
     std::thread thread_;
 };
