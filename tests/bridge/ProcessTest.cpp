@@ -185,8 +185,9 @@ public:
                         return;
                     const std::lock_guard lock(mutex_);
                     acknowledged_.insert((isFile ? "file " : "message ") + text);
-                    if (++answered == lifetime_)
+                    if (++answered == lifetime_) {
                         EXPECT_EQ(child.end(SIGKILL), -SIGKILL);
+                    }
                 }
             });
         }

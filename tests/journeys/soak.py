@@ -102,7 +102,8 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--build", type=Path, required=True, help="the build tree that holds bin/quorvel")
     parser.add_argument("--minutes", type=float, default=60, help="how long it goes on (default: 60)")
-    parser.add_argument("--output", type=Path, required=True, help="where the curve goes: NAME.csv, and NAME.txt to see")
+    parser.add_argument("--output", type=Path, required=True,
+                        help="where the curve goes: NAME.csv, and NAME.txt to see")
     arguments = parser.parse_args()
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
     build, output = arguments.build.resolve(), arguments.output.resolve()
