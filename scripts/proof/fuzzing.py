@@ -12,7 +12,7 @@ class Fuzzers:
     name = "fuzzers"
 
     def __init__(self, form):
-        self._seconds = form.of(600, 10)
+        self._seconds = form.of(600, 5)
         self._names = sorted(folder.name for folder in SEEDS.iterdir())
         self.amount = f"{len(self._names)} fuzzers, {self._seconds} s each"
 

@@ -13,8 +13,7 @@ REGISTER = trees.ROOT / "tests" / "faults.txt"
 JOURNEY = "journey"
 # Their tests' names tell the connection: in the clear, or over TLS.
 _CONNECTED = ("platform_tests", "services_tests")
-_OVER_TLS = re.compile(r"Tls")
-_IN_THE_CLEAR = re.compile(r"Plain|InTheClear")
+_KINDS = {"over TLS": re.compile(r"Tls"), "in the clear": re.compile(r"Plain|InTheClear")}
 
 
 @dataclass
@@ -95,12 +94,15 @@ class Register:
 
     def _one_sided(self, fault):
         """What a fault of any connection is shown on only one kind of."""
-        for name in _CONNECTED:
-            tests = [test for used, pattern in fault.proofs if used == name
-                     for test in self._programs[name].matching(pattern)]
-            for kind, word in ((_OVER_TLS, "over TLS"), (_IN_THE_CLEAR, "in the clear")):
-                if tests and not any(kind.search(test) for test in tests):
-                    yield f"Fault {fault.number}: no test of {name} meets it {word}."
+        shown = set()
+        for name, pattern in fault.proofs:
+            tests = self._programs[name].matching(pattern) if name in _CONNECTED else []
+            kinds = {kind for kind, sign in _KINDS.items() if any(sign.search(test) for test in tests)}
+            if len(kinds) == 1:
+                yield f"Fault {fault.number}: {name} {pattern} is met {kinds.pop()} only."
+            shown |= kinds
+        if not shown:
+            yield f"Fault {fault.number}: no test is named after its connection."
 
     def _unproven(self, fault):
         """Where no test came through every time: each was skipped, or a crash left it unfinished."""
