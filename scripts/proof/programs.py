@@ -7,7 +7,7 @@ from fnmatch import fnmatchcase
 from pathlib import Path
 
 from proof import trees
-from proof.table import Broken
+from proof.table import Broken, NotRun
 
 # A test's last line; a summary repeats the names without a time.
 _END = re.compile(r"\[ +(OK|FAILED|SKIPPED) +\] ([^\s,]+)(?:, where .*)? \(\d+ ms\)\s*$")
@@ -26,32 +26,33 @@ class Program:
             self._tests = list(self._list())
         return [test for test in self._tests if fnmatchcase(test, pattern.replace("[", "[[]"))]
 
-    def expect(self, pattern):
-        """A pattern that must fit a test."""
-        if not self.matching(pattern):
-            raise Broken(f"{self.path.name} has no test {pattern}.")
-
     def run(self, patterns, repeat=1, name=None, **variables):
         """Runs the tests that fit and returns what became of each, as {test: Counter of OK, FAILED, SKIPPED}, and the
-        path of the log. What a crash left unfinished has no entry."""
+        path of the log. What a crash left unfinished has no entry; the crash has one of its own."""
         log = trees.LOGS / f"{name or self.path.name}.log"
         with log.open("wb") as output:
-            subprocess.run([self.path, f"--gtest_filter={':'.join(patterns)}", f"--gtest_repeat={repeat}"],
-                           cwd=trees.ROOT, env=trees.ENVIRONMENT | variables, stdout=output,
-                           stderr=subprocess.STDOUT, check=False)
+            ended = subprocess.run(
+                [self.path, f"--gtest_filter={':'.join(patterns)}", f"--gtest_repeat={repeat}"], cwd=trees.ROOT,
+                env=trees.ENVIRONMENT | variables, stdout=output, stderr=subprocess.STDOUT, check=False)
         ends = {}
         for line in log.read_text(encoding="utf-8", errors="replace").splitlines():
             if end := _END.search(line):
                 ends.setdefault(end[2], Counter())[end[1]] += 1
+        if ended.returncode not in (0, 1):  # 1 says that a test has failed
+            ends[f"(its end, with {ended.returncode})"] = Counter(FAILED=1)
         return ends, log
 
     def prove(self, pattern, name, **variables):
         """Runs the tests of one pattern, each of which must pass. Returns the path of the log."""
-        self.expect(pattern)
+        tests = self.matching(pattern)
+        if not tests:
+            raise Broken(f"{self.path.name} has no test {pattern}.")
         ends, log = self.run([pattern], name=name, **variables)
-        missing = [test for test in self.matching(pattern) if ends.get(test, {}).get("OK") != 1]
-        if missing:
-            raise Broken(f"{', '.join(missing)}: see {log.relative_to(trees.ROOT)}\n{trees.tail(log)}")
+        if all(ends.get(test, {}).get("SKIPPED") for test in tests):
+            raise NotRun(f"{self.path.name} skips it here; {log.relative_to(trees.ROOT)} says why.")
+        broken = [test for test in {*tests, *ends} if not ends.get(test, {}).get("OK")]
+        if broken:
+            raise Broken(f"{', '.join(broken)}: see {log.relative_to(trees.ROOT)}\n{trees.tail(log)}")
         return log
 
     def _list(self):
