@@ -31,6 +31,13 @@ TEST_P(Redirects, AreNotFollowed)
     EXPECT_EQ(elsewhere.connections(), 0);
 }
 
+static std::string caseName(const testing::TestParamInfo<Redirects::ParamType>& redirect)
+{
+    const auto& [status, method, transport] = redirect.param;
+    return std::to_string(status) + method.toStdString() + nameOf(transport);
+}
+
 INSTANTIATE_TEST_SUITE_P(Of, Redirects,
     testing::Combine(testing::Values(301, 302, 303, 307, 308),
-        testing::Values("GET", "POST", "PUT", "DELETE"), testing::Values(Transport::Plain, Transport::Tls)));
+        testing::Values("GET", "POST", "PUT", "DELETE"), testing::Values(Transport::Plain, Transport::Tls)),
+    caseName);

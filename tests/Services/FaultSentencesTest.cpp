@@ -90,33 +90,37 @@ INSTANTIATE_TEST_SUITE_P(Connections, Faults,
     Connection());
 
 /// The words for somebody who signs in.
-class PublicFaults : public RealServerTest, public testing::WithParamInterface<Fault>
+class PublicFaults : public RealServerTest, public testing::WithParamInterface<std::tuple<Fault, bool>>
 { };
 
 TEST_P(PublicFaults, AreTheirSentence)
 {
-    serve(true, [reply = GetParam().reply](RawConnection& client) {
+    const auto& [fault, overTls] = GetParam();
+    serve(overTls, [reply = fault.reply](RawConnection& client) {
         client.readRequest();
         reply(client);
     });
     const Awaited<JSONObject> call(APIClient(*backend).passwordLogin(u"a@b.c"_s, u"p"_s, std::nullopt));
-    EXPECT_EQ(failureOnceDone(call), GetParam().expected);
+    EXPECT_EQ(failureOnceDone(call), fault.expected);
     EXPECT_EQ(expiries, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Answers, PublicFaults,
-    testing::Values(answers("Unauthorized", 401, "", u"Incorrect email or password. Please try again."_s),
-        answers("Firebase", 500, R"({"message":"firebase"})",
-            u"The secure login service had a problem. Please try again."_s),
-        answers("Forbidden", 403, "", u"You do not have access to that section."_s)),
-    RowName());
+    testing::Combine(
+        testing::Values(answers("Unauthorized", 401, "", u"Incorrect email or password. Please try again."_s),
+            answers("Firebase", 500, R"({"message":"firebase"})",
+                u"The secure login service had a problem. Please try again."_s),
+            answers("Forbidden", 403, "", u"You do not have access to that section."_s)),
+        testing::Bool()),
+    Connection());
 
-class EmptySuccesses : public RealServerTest, public testing::WithParamInterface<Fault>
+class EmptySuccesses : public RealServerTest, public testing::WithParamInterface<std::tuple<Fault, bool>>
 { };
 
 TEST_P(EmptySuccesses, AreAnEmptyObject)
 {
-    serve(true, [reply = GetParam().reply](RawConnection& client) {
+    const auto& [fault, overTls] = GetParam();
+    serve(overTls, [reply = fault.reply](RawConnection& client) {
         client.readRequest();
         reply(client);
     });
@@ -125,8 +129,10 @@ TEST_P(EmptySuccesses, AreAnEmptyObject)
 }
 
 INSTANTIATE_TEST_SUITE_P(Answers, EmptySuccesses,
-    testing::Values(sends("NoContent", "HTTP/1.1 204 No Content\r\n\r\n", {}), answers("Empty", 200, "", {})),
-    RowName());
+    testing::Combine(testing::Values(sends("NoContent", "HTTP/1.1 204 No Content\r\n\r\n", {}),
+                         answers("Empty", 200, "", {})),
+        testing::Bool()),
+    Connection());
 
 struct Certificate : Named
 {
@@ -188,16 +194,17 @@ struct Redirect : Named
     QByteArray location; ///< empty for the other server
 };
 
-class Redirects : public RealServerTest, public testing::WithParamInterface<Redirect>
+class Redirects : public RealServerTest, public testing::WithParamInterface<std::tuple<Redirect, bool>>
 { };
 
 TEST_P(Redirects, AreFailuresAndLeadNowhere)
 {
+    const auto& [redirect, overTls] = GetParam();
     RawServer elsewhere([](RawConnection& client) { client.send(rawAnswer(200)); });
-    QByteArray location = GetParam().location;
+    QByteArray location = redirect.location;
     if (location.isEmpty())
         location = elsewhere.url(u"/mobile-bridge/v1/profile"_s).toEncoded();
-    serve(true, [status = GetParam().status, location](RawConnection& client) {
+    serve(overTls, [status = redirect.status, location](RawConnection& client) {
         client.readRequest();
         client.send(rawAnswer(status, {}, "Location: " + location + "\r\n"));
     });
@@ -215,10 +222,12 @@ TEST_P(Redirects, AreFailuresAndLeadNowhere)
 }
 
 INSTANTIATE_TEST_SUITE_P(Locations, Redirects,
-    testing::Values(Redirect{{"ToAnotherHost"}, 302, {}},
-        Redirect{{"ToAnotherHostKeepingTheMethod"}, 307, {}}, Redirect{{"ForEver"}, 308, {}},
-        Redirect{{"ToAFile"}, 302, "file:///etc/passwd"},
-        Redirect{{"ToData"}, 302, "data:application/json,{}"}, Redirect{{"ToItself"}, 302, "."}),
-    RowName());
+    testing::Combine(
+        testing::Values(Redirect{{"ToAnotherHost"}, 302, {}},
+            Redirect{{"ToAnotherHostKeepingTheMethod"}, 307, {}}, Redirect{{"ForEver"}, 308, {}},
+            Redirect{{"ToAFile"}, 302, "file:///etc/passwd"},
+            Redirect{{"ToData"}, 302, "data:application/json,{}"}, Redirect{{"ToItself"}, 302, "."}),
+        testing::Bool()),
+    Connection());
 
 } // namespace

@@ -166,7 +166,7 @@ INSTANTIATE_TEST_SUITE_P(Connections, LargeUploads,
     testing::Combine(testing::Values(Write{{"Upload"}, upload}), testing::Bool()), Connection());
 
 /// What ends a session, over a real connection.
-class SessionEnds : public RealServerTest
+class SessionEnds : public RealServerTest, public testing::WithParamInterface<bool>
 {
 protected:
     SessionEnds() { defaults.setData(AuthManager::userDefaultsKey, bareUser().encoded()); }
@@ -176,9 +176,9 @@ protected:
     std::unique_ptr<AuthManager> auth;
 };
 
-TEST_F(SessionEnds, OnceHoweverManyCallsAreRefused)
+TEST_P(SessionEnds, OnceHoweverManyCallsAreRefused)
 {
-    serve(true, [](RawConnection& client) {
+    serve(GetParam(), [](RawConnection& client) {
         for (;;) {
             client.readRequest();
             client.send(rawAnswer(401));
@@ -197,10 +197,10 @@ TEST_F(SessionEnds, OnceHoweverManyCallsAreRefused)
     EXPECT_TRUE(defaults.keys().isEmpty());
 }
 
-TEST_F(SessionEnds, WhenARenewalIsRedirected)
+TEST_P(SessionEnds, WhenARenewalIsRedirected)
 {
     RawServer elsewhere([](RawConnection& client) { client.send(rawAnswer(200)); });
-    serve(true, [to = elsewhere.url().toEncoded()](RawConnection& client) {
+    serve(GetParam(), [to = elsewhere.url().toEncoded()](RawConnection& client) {
         client.readRequest();
         client.send(rawAnswer(307, {}, "Location: " + to + "\r\n"));
     });
@@ -212,5 +212,8 @@ TEST_F(SessionEnds, WhenARenewalIsRedirected)
     EXPECT_EQ(server->requests(), 1);
     EXPECT_EQ(elsewhere.connections(), 0);
 }
+
+INSTANTIATE_TEST_SUITE_P(Connections, SessionEnds, testing::Bool(),
+    [](const auto& connection) { return connection.param ? "OverTls" : "InTheClear"; });
 
 } // namespace

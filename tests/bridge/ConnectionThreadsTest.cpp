@@ -8,7 +8,7 @@
 #include <sys/resource.h>
 
 #if defined(__has_feature)
-#if __has_feature(address_sanitizer)
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
 #define TAKES_MEMORY_BY_ITSELF
 #endif
 #endif

@@ -8,7 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
+#include <cstdlib>
+#include <iostream>
 #include <mutex>
 #include <set>
 #include <sys/resource.h>
@@ -152,52 +155,75 @@ TEST_F(Process, AFullDiskIsToldAndHurtsNothing)
     EXPECT_EQ(stored("select cast(count(*) as text) from uploads where session_id = 15"), "2");
 }
 
-TEST_F(Process, KilledInTheMiddleItHasEverythingItAcknowledged)
+namespace {
+
+/// Writers that send messages and documents as fast as they are answered, until the server is killed under
+/// them.
+class Writers
 {
-    std::set<std::string> acknowledged;
-    for (int round = 0; round < 4; ++round) {
-        Child child(folder.path(), {"--demo"});
-        ASSERT_TRUE(child.isListening()) << child.output();
+public:
+    /// \param count         how many write at a time
+    /// \param acknowledged  how many answers of a round the server lives for
+    Writers(int count, std::size_t acknowledged) : count_(count), lifetime_(acknowledged) { }
+
+    /// Kills the server after a number of acknowledgements, while the other writers are at any point of their
+    /// writes.
+    void writeUntilKilled(Child& child, int round)
+    {
         const Api api = child.api();
         const std::string token = api.tokenOf(client);
-        std::mutex mutex;
-        std::atomic<bool> isOver = false;
+        std::size_t answered = 0;
         std::vector<std::thread> writers;
-        for (int writer = 0; writer < 4; ++writer) {
+        for (int writer = 0; writer < count_; ++writer) {
             writers.emplace_back([&, writer] {
-                for (int i = 0; !isOver; ++i) {
+                for (int i = 0;; ++i) {
                     const std::string text
                         = std::to_string(round) + '-' + std::to_string(writer) + '-' + std::to_string(i);
-                    const bool isFile = i % 3 == 2;
-                    const Reply reply = isFile
-                        ? api.sendText("POST", "/remote-notary/sessions/15/documents", token, formType,
-                            formBody({}, {{text, "a/b", text}}))
-                        : api.post("/remote-notary/sessions/15/messages", token, {{"message", text}});
+                    const bool isFile = (i + writer) % 3 == 2;
+                    const Reply reply = isFile ? sendFile(api, token, text) : sendMessage(api, token, text);
                     if (reply.status != 201)
                         return;
-                    const std::lock_guard lock(mutex);
-                    acknowledged.insert((isFile ? "file " : "message ") + text);
-                    // After a number of acknowledgements, while the others are at any point of their writes.
-                    if (acknowledged.size() == static_cast<std::size_t>(25 * (round + 1))) {
+                    const std::lock_guard lock(mutex_);
+                    acknowledged_.insert((isFile ? "file " : "message ") + text);
+                    if (++answered == lifetime_) {
                         EXPECT_EQ(child.end(SIGKILL), -SIGKILL);
-                        isOver = true;
                     }
                 }
             });
         }
         for (std::thread& writer : writers)
             writer.join();
+        EXPECT_GE(answered, lifetime_) << "round " << round << " ended by itself";
     }
 
-    Child child(folder.path(), {});
-    const Api api = child.api();
+    /// Everything whose writer was told that it is there.
+    const std::set<std::string>& acknowledged() const { return acknowledged_; }
+
+private:
+    static Reply sendMessage(const Api& api, const std::string& token, const std::string& text)
+    {
+        return api.post("/remote-notary/sessions/15/messages", token, {{"message", text}});
+    }
+    static Reply sendFile(const Api& api, const std::string& token, const std::string& text)
+    {
+        return api.sendText("POST", "/remote-notary/sessions/15/documents", token, formType,
+            formBody({}, {{text, "a/b", text}}));
+    }
+
+    const int count_;
+    const std::size_t lifetime_;
+    std::mutex mutex_;
+    std::set<std::string> acknowledged_;
+};
+
+/// What the server has of the writers' messages and documents, each document with its bytes.
+std::set<std::string> foundAt(const Api& api)
+{
     const std::string token = api.tokenOf(client);
     std::set<std::string> found;
     for (const Json& message : reader::list(api.get("/remote-notary/sessions/15/messages", token).body))
         found.insert("message " + message["message"].get<std::string>());
-    const std::vector<Json> documents
-        = reader::list(api.get("/remote-notary/sessions/15/documents", token).body);
-    for (const Json& document : documents) {
+    for (const Json& document : reader::list(api.get("/remote-notary/sessions/15/documents", token).body)) {
         const std::string name = reader::text(document, {"original_filename", "file_name"});
         const std::string url = reader::text(document, {"pdf_url", "file_url", "download_url"});
         if (name.find(".pdf") != std::string::npos)
@@ -205,13 +231,47 @@ TEST_F(Process, KilledInTheMiddleItHasEverythingItAcknowledged)
         EXPECT_EQ(api.get("/" + url.substr(url.find("/files/"))).text, name);
         found.insert("file " + name);
     }
-    EXPECT_TRUE(std::includes(found.begin(), found.end(), acknowledged.begin(), acknowledged.end()));
-    EXPECT_GE(acknowledged.size(), 100u);
+    return found;
+}
 
+int countFromEnvironment(const char* name, int usual)
+{
+    const char* value = std::getenv(name);
+    return value ? std::stoi(value) : usual;
+}
+
+} // namespace
+
+/// QUORVEL_BRIDGE_KILLS sets the number of kills, QUORVEL_BRIDGE_WRITERS that of the writers at a time.
+TEST_F(Process, KilledInTheMiddleItHasEverythingItAcknowledged)
+{
+    const int rounds = countFromEnvironment("QUORVEL_BRIDGE_KILLS", 4);
+    const int count = countFromEnvironment("QUORVEL_BRIDGE_WRITERS", 4);
+    const std::size_t lifetime = std::max<std::size_t>(25, static_cast<std::size_t>(count));
+    Writers writers(count, lifetime);
+    for (int round = 0; round < rounds; ++round) {
+        Child child(folder.path(), {"--demo"});
+        ASSERT_TRUE(child.isListening()) << child.output();
+        writers.writeUntilKilled(child, round);
+    }
+    const std::set<std::string>& acknowledged = writers.acknowledged();
+    EXPECT_GE(acknowledged.size(), static_cast<std::size_t>(rounds) * lifetime);
+
+    Child child(folder.path(), {});
+    const std::set<std::string> found = foundAt(child.api());
+    EXPECT_TRUE(std::includes(found.begin(), found.end(), acknowledged.begin(), acknowledged.end()));
     child.end(SIGTERM);
     EXPECT_EQ(stored("pragma integrity_check"), "ok");
-    const std::filesystem::directory_iterator files(folder.path() / "uploads");
-    EXPECT_EQ(std::to_string(std::distance(begin(files), end(files))),
-        stored("select cast(count(*) as text) from uploads"))
-        << "no remains of what was not acknowledged";
+    const std::filesystem::path uploads = folder.path() / "uploads";
+    const std::string named = stored("select group_concat(path, char(10)) from uploads") + '\n';
+    std::size_t files = 0;
+    for (const auto& file : std::filesystem::directory_iterator(uploads)) {
+        ++files;
+        EXPECT_NE(named.find(file.path().filename().string() + '\n'), std::string::npos)
+            << file.path().filename() << " remains of what was not acknowledged";
+    }
+    EXPECT_EQ(static_cast<std::size_t>(std::count(named.begin(), named.end(), '\n')), files)
+        << "a row without its file";
+    std::cout << "Acknowledged: " << acknowledged.size() << " writes, all found; "
+              << found.size() - acknowledged.size() << " more were there whose answer the kill kept back\n";
 }
