@@ -165,6 +165,20 @@ TEST_F(Limits, FileNamesAreKeptAsTextAndNothingElse)
     EXPECT_EQ(reader::text(document, {"document_name", "label"}), "La\uFFFD-bel");
 }
 
+TEST_F(Limits, NoTextWithAZeroByteReachesTheDatabase)
+{
+    bridge.service().database.read([](soci::session& sql) {
+        bridge::Query query(sql, "select id from users where email = :email");
+        EXPECT_THROW(
+            query.bind("email", std::string("tomas.alder@example.com\0a", 25)), std::invalid_argument);
+    });
+    // The address is another one, and not the one before the zero byte.
+    const Reply reply = api.post("/auth/password-login", {},
+        {{"email", std::string("tomas.alder@example.com\0a", 25)}, {"password", "quorvel-demo"}});
+    EXPECT_EQ(reply.status, 400);
+    EXPECT_EQ(reply.body, Json({{"error", "INVALID_LOGIN_CREDENTIALS"}}));
+}
+
 TEST(LongList, IsTheSameAsAShortOneAndTakesItsShareOfTheBudget)
 {
     bridge::AnswerBudget budget(3 << 20);

@@ -1,11 +1,16 @@
 #include "Store/Query.h"
 
+#include <stdexcept>
+
 namespace bridge {
 
 Query::Query(soci::session& sql, const std::string& text) : text_(text), statement_(sql) { }
 
 Query& Query::bind(const std::string& name, const std::string& value)
 {
+    // Half of it would be stored, or compared, as if it were the whole.
+    if (value.find('\0') != std::string::npos)
+        throw std::invalid_argument("text with a zero byte");
     statement_.exchange(soci::use(texts_.emplace_back(value), name));
     return *this;
 }

@@ -23,6 +23,7 @@ public:
     Query(soci::session& sql, const std::string& text);
     Query(const Query&) = delete;
 
+    /// \throws std::invalid_argument when the text holds a zero byte: it has come in past cleaned()
     Query& bind(const std::string& name, const std::string& value);
     Query& bind(const std::string& name, long long value);
 
