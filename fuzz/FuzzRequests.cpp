@@ -5,7 +5,7 @@
 #include "Http/Problem.h"
 #include "Http/Router.h"
 #include "Net/TlsServer.h"
-#include "Work/Booking.h"
+#include "Operations/Booking.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -33,15 +33,12 @@ Bridge::Bridge(const Settings& settings)
 {
     if (settings.demo)
         fillWithDemoData(service_);
-    addAuthOperations(router_, service_);
-    addProfileOperations(router_, service_);
-    addSessionOperations(router_, service_);
-    addDocumentOperations(router_, service_);
-    addAssignmentOperations(router_, service_);
-    addRecordOperations(router_, service_);
-    addUserOperations(router_, service_);
-    addNotaryOperations(router_, service_);
-    addWebsite(router_);
+    for (const Routes routes : {authRoutes(), profileRoutes(), sessionRoutes(), documentRoutes(),
+             assignmentRoutes(), recordRoutes(), userRoutes(), notaryRoutes(), websiteRoutes()}) {
+        for (const Route& route : routes)
+            router_.add(route.method, route.path, route.access,
+                [this, run = route.operation](Call& call) { run(service_, call); });
+    }
     connect();
 }
 

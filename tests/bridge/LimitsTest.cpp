@@ -1,3 +1,4 @@
+#include "Http/Problem.h"
 #include "People/DailyUse.h"
 #include "Store/Query.h"
 #include "support/Reader.h"

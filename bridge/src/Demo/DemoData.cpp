@@ -3,11 +3,11 @@
 #include "Demo/Bookings.h"
 #include "Demo/People.h"
 #include "Demo/SamplePdf.h"
-#include "Http/Text.h"
 #include "People/Accounts.h"
 #include "People/BusinessClients.h"
 #include "People/Notaries.h"
 #include "Store/Query.h"
+#include "Text.h"
 #include "Work/Messages.h"
 #include "Work/Sessions.h"
 #include "Work/UploadStore.h"
@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <sstream>
+#include <stdexcept>
 
 namespace bridge {
 
@@ -40,8 +41,9 @@ static std::string emailOf(std::string name)
 static void addPeople(soci::session& sql, const std::string& hash, Moment now)
 {
     for (const DemoPerson& person : demoPeople()) {
-        const Id id = openAccount(sql,
-            {person.email, hash, person.name, person.phone, person.city, person.state, person.role}, now);
+        const Id id = openAccount(
+            sql, {person.email, hash, person.name, person.phone, person.city, person.state, person.role}, now)
+                          .value();
         if (*person.business)
             Query(sql,
                 "update businesses set company_name = :name where id = (select business_id from users where "
@@ -66,7 +68,8 @@ static void addPeople(soci::session& sql, const std::string& hash, Moment now)
             profile.county = person.county;
             profile.commissionNumber = person.commission;
             profile.commissionExpiration = newYorkDate(now + days(400 + 40 * id));
-            updateNotary(sql, profile, now);
+            if (!updateNotary(sql, profile, now))
+                throw std::logic_error("two people of the demo have one address");
         }
     }
     Query(sql,

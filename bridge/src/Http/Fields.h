@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Http/Text.h"
+#include "Text.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,7 +1,7 @@
 #include "Http/MultipartReader.h"
 
 #include "Http/Problem.h"
-#include "Http/Text.h"
+#include "Text.h"
 
 #include <algorithm>
 

@@ -46,6 +46,11 @@ Problem tooManyAttempts()
     return refusal(429, "Too many attempts. Please wait a moment and try again.");
 }
 
+Problem enoughForToday()
+{
+    return refusal(429, "That is more than one account may add in a day. Please go on tomorrow.");
+}
+
 Problem busy()
 {
     return refusal(503, "The service is busy. Please try again in a moment.")

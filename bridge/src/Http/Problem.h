@@ -57,6 +57,9 @@ Problem emailTaken();
 /// 429: a password is being guessed.
 Problem tooManyAttempts();
 
+/// 429: an account has brought all that it may in a day.
+Problem enoughForToday();
+
 /// 503: the server does too much at once.
 Problem busy();
 

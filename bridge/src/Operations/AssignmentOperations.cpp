@@ -2,8 +2,8 @@
 
 #include "Answers/SessionAnswers.h"
 #include "Http/Problem.h"
+#include "Operations/SessionRules.h"
 #include "People/Notaries.h"
-#include "Work/Sessions.h"
 
 namespace bridge {
 
@@ -72,14 +72,14 @@ static void assign(Service& service, Call& call)
     call.answer(wrappedSession(updated));
 }
 
-void addAssignmentOperations(Router& router, Service& service)
+Routes assignmentRoutes()
 {
-    router.add("POST", bridgeBase + "/notary/open-calls/{id}/accept", Access::Notary,
-        [&service](Call& call) { accept(service, call); });
-    router.add("POST", bridgeBase + "/notary/remote-notary/sessions/{id}/status", Access::Notary,
-        [&service](Call& call) { updateByNotary(service, call); });
-    router.add("POST", bridgeBase + "/admin/remote-notary/sessions/{id}/assign", Access::Admin,
-        [&service](Call& call) { assign(service, call); });
+    static const Route routes[] = {
+        {"POST", bridgeBase + "/notary/open-calls/{id}/accept", Access::Notary, accept},
+        {"POST", bridgeBase + "/notary/remote-notary/sessions/{id}/status", Access::Notary, updateByNotary},
+        {"POST", bridgeBase + "/admin/remote-notary/sessions/{id}/assign", Access::Admin, assign},
+    };
+    return routes;
 }
 
 } // namespace bridge

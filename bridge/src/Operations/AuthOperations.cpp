@@ -43,8 +43,10 @@ static void registerClient(Service& service, Call& call)
     const NewAccount account{wanted.email, service.passwords.hash(password), wanted.fullName, wanted.phone,
         wanted.city, wanted.state, "client"};
     const nlohmann::json answer = service.database.write([&](soci::session& sql) {
-        const Id id = openAccount(sql, account, service.now());
-        return registrationAnswer(*findAccount(sql, id), service.signIns.begin(sql, id));
+        const std::optional<Id> id = openAccount(sql, account, service.now());
+        if (!id)
+            throw emailTaken();
+        return registrationAnswer(findAccount(sql, *id).value(), service.signIns.begin(sql, *id));
     });
     call.answer(answer, 201);
 }
@@ -76,13 +78,14 @@ static void renew(Service& service, Call& call)
     call.answer(*answer);
 }
 
-void addAuthOperations(Router& router, Service& service)
+Routes authRoutes()
 {
-    router.add("POST", bridgeBase + "/auth/password-login", Access::Everybody,
-        [&service](Call& call) { signIn(service, call); });
-    router.add("POST", bridgeBase + "/auth/client-register", Access::Everybody,
-        [&service](Call& call) { registerClient(service, call); });
-    router.add("POST", "/v1/token", Access::Everybody, [&service](Call& call) { renew(service, call); });
+    static const Route routes[] = {
+        {"POST", bridgeBase + "/auth/password-login", Access::Everybody, signIn},
+        {"POST", bridgeBase + "/auth/client-register", Access::Everybody, registerClient},
+        {"POST", "/v1/token", Access::Everybody, renew},
+    };
+    return routes;
 }
 
 } // namespace bridge

@@ -4,9 +4,9 @@
 #include "Http/ByteRange.h"
 #include "Http/Problem.h"
 #include "Net/RequestHead.h"
+#include "Operations/SessionRules.h"
 #include "Operations/UploadForm.h"
 #include "People/DailyUse.h"
-#include "Work/Sessions.h"
 #include "Work/Uploads.h"
 
 #include <algorithm>
@@ -43,8 +43,10 @@ static std::vector<Upload> store(Service& service, Call& call, UploadForm& form)
             writableSession(sql, self, call.id());
             const Moment now = service.now();
             const DailyLimits& daily = service.settings.daily;
-            use(sql, self.id, Use::Documents, static_cast<long long>(uploads.size()), daily.documents, now);
-            use(sql, self.id, Use::DocumentBytes, form.size(), daily.documentBytes, now);
+            const auto count = static_cast<long long>(uploads.size());
+            if (!use(sql, self.id, Use::Documents, count, daily.documents, now)
+                || !use(sql, self.id, Use::DocumentBytes, form.size(), daily.documentBytes, now))
+                throw enoughForToday();
             for (Upload& upload : uploads) {
                 upload.sessionId = call.id();
                 upload.userId = self.id;
@@ -162,12 +164,16 @@ static void download(Service& service, Call& call)
         });
 }
 
-void addDocumentOperations(Router& router, Service& service)
+static const std::string documents = bridgeBase + "/remote-notary/sessions/{id}/documents";
+
+Routes documentRoutes()
 {
-    const std::string documents = bridgeBase + "/remote-notary/sessions/{id}/documents";
-    router.add("GET", documents, Access::SignedIn, [&service](Call& call) { showDocuments(service, call); });
-    router.add("POST", documents, Access::SignedIn, [&service](Call& call) { upload(service, call); });
-    router.add("GET", "/files/{id}", Access::Everybody, [&service](Call& call) { download(service, call); });
+    static const Route routes[] = {
+        {"GET", documents, Access::SignedIn, showDocuments},
+        {"POST", documents, Access::SignedIn, upload},
+        {"GET", "/files/{id}", Access::Everybody, download},
+    };
+    return routes;
 }
 
 } // namespace bridge

@@ -43,11 +43,14 @@ static void setPassword(
 {
     if (notary.userId == 0) {
         const NewAccount account{notary.email, hash, notary.name, notary.phone, "", notary.state, "client"};
-        const Id user = openAccount(sql, account, service.now());
-        linkNotary(sql, notary.id, user);
-        Account linked = *findAccount(sql, user);
+        const std::optional<Id> user = openAccount(sql, account, service.now());
+        if (!user)
+            throw emailTaken();
+        linkNotary(sql, notary.id, *user);
+        Account linked = findAccount(sql, *user).value();
         linked.roleWord = "notary";
-        updateAccount(sql, linked, service.now());
+        if (!updateAccount(sql, linked, service.now()))
+            throw emailTaken();
         return;
     }
     const bool isOwn = notary.userId == self.id;
@@ -68,7 +71,8 @@ static void save(Service& service, Call& call)
         if (!notary)
             throw notFound();
         readNotary(fields, *notary);
-        updateNotary(sql, *notary, service.now());
+        if (!updateNotary(sql, *notary, service.now()))
+            throw emailTaken();
         if (password)
             setPassword(service, sql, *notary, hash, self);
         return nlohmann::json{{"data", notaryAnswer(*findNotary(sql, call.id()))}};
@@ -86,13 +90,14 @@ static void remove(Service& service, Call& call)
     call.answerNothing();
 }
 
-void addNotaryOperations(Router& router, Service& service)
+Routes notaryRoutes()
 {
-    const std::string notaries = bridgeBase + "/admin/notaries";
-    router.add("GET", notaries, Access::Admin, [&service](Call& call) { list(service, call); });
-    router.add("POST", notaries + "/{id}", Access::Admin, [&service](Call& call) { save(service, call); });
-    router.add(
-        "DELETE", notaries + "/{id}", Access::Admin, [&service](Call& call) { remove(service, call); });
+    static const Route routes[] = {
+        {"GET", bridgeBase + "/admin/notaries", Access::Admin, list},
+        {"POST", bridgeBase + "/admin/notaries/{id}", Access::Admin, save},
+        {"DELETE", bridgeBase + "/admin/notaries/{id}", Access::Admin, remove},
+    };
+    return routes;
 }
 
 } // namespace bridge

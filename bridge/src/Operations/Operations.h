@@ -3,33 +3,47 @@
 #include "Http/Router.h"
 #include "Operations/Service.h"
 
+#include <span>
+#include <string>
+
 namespace bridge {
 
 /// Where every operation of the wire contract lies, but for the token endpoint, the documents and the page at
 /// the root.
 inline const std::string bridgeBase = "/mobile-bridge/v1";
 
+/// An operation of the contract: what it is asked with, who may ask, and what it does.
+struct Route
+{
+    const char* method;
+    std::string path;
+    Access access;
+    void (*operation)(Service& service, Call& call);
+};
+
+using Routes = std::span<const Route>;
+
 /// Signing in, registering, exchanging refresh tokens.
-void addAuthOperations(Router& router, Service& service);
+Routes authRoutes();
 
 /// The own profile and password.
-void addProfileOperations(Router& router, Service& service);
+Routes profileRoutes();
 
 /// Booking, listing, showing and cancelling sessions, and their messages.
-void addSessionOperations(Router& router, Service& service);
+Routes sessionRoutes();
 
 /// A session's documents, and their addresses for a browser.
-void addDocumentOperations(Router& router, Service& service);
+Routes documentRoutes();
 
 /// What a notary does with sessions, and what the office does with them.
-void addAssignmentOperations(Router& router, Service& service);
+Routes assignmentRoutes();
 
 /// The office's records, accounts and notaries, and the clients of a business.
-void addRecordOperations(Router& router, Service& service);
-void addUserOperations(Router& router, Service& service);
-void addNotaryOperations(Router& router, Service& service);
+Routes recordRoutes();
+Routes userRoutes();
+Routes notaryRoutes();
 
 /// The page at the root, which the client's website button opens.
-void addWebsite(Router& router);
+Routes websiteRoutes();
 
 } // namespace bridge

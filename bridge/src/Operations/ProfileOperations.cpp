@@ -18,7 +18,8 @@ static void updateProfile(Service& service, Call& call)
     call.answer(service.write(call, [&](soci::session& sql, const Account& self) {
         Account account = self;
         readContact(fields, account);
-        updateAccount(sql, account, service.now());
+        if (!updateAccount(sql, account, service.now()))
+            throw emailTaken();
         return profileAnswer(*findAccount(sql, account.id));
     }));
 }
@@ -51,14 +52,14 @@ static void changePassword(Service& service, Call& call)
     call.answer({{"message", "Your password was changed."}});
 }
 
-void addProfileOperations(Router& router, Service& service)
+Routes profileRoutes()
 {
-    router.add("GET", bridgeBase + "/profile", Access::SignedIn,
-        [&service](Call& call) { showProfile(service, call); });
-    router.add("POST", bridgeBase + "/profile", Access::SignedIn,
-        [&service](Call& call) { updateProfile(service, call); });
-    router.add("POST", bridgeBase + "/profile/password", Access::SignedIn,
-        [&service](Call& call) { changePassword(service, call); });
+    static const Route routes[] = {
+        {"GET", bridgeBase + "/profile", Access::SignedIn, showProfile},
+        {"POST", bridgeBase + "/profile", Access::SignedIn, updateProfile},
+        {"POST", bridgeBase + "/profile/password", Access::SignedIn, changePassword},
+    };
+    return routes;
 }
 
 } // namespace bridge

@@ -3,8 +3,8 @@
 #include "Answers/OfficeAnswers.h"
 #include "Answers/SessionAnswers.h"
 #include "Http/Problem.h"
+#include "Operations/SessionRules.h"
 #include "People/BusinessClients.h"
-#include "Work/Sessions.h"
 #include "Work/Uploads.h"
 #include "Work/WalkIns.h"
 
@@ -117,14 +117,15 @@ static void listClients(Service& service, Call& call)
     call.answer(std::move(clients));
 }
 
-void addRecordOperations(Router& router, Service& service)
+Routes recordRoutes()
 {
-    const std::string records = bridgeBase + "/admin/records";
-    router.add("GET", records, Access::Admin, [&service](Call& call) { list(service, call); });
-    router.add("POST", records + "/{id}", Access::Admin, [&service](Call& call) { save(service, call); });
-    router.add("DELETE", records + "/{id}", Access::Admin, [&service](Call& call) { remove(service, call); });
-    router.add("GET", bridgeBase + "/business/clients", Access::Business,
-        [&service](Call& call) { listClients(service, call); });
+    static const Route routes[] = {
+        {"GET", bridgeBase + "/admin/records", Access::Admin, list},
+        {"POST", bridgeBase + "/admin/records/{id}", Access::Admin, save},
+        {"DELETE", bridgeBase + "/admin/records/{id}", Access::Admin, remove},
+        {"GET", bridgeBase + "/business/clients", Access::Business, listClients},
+    };
+    return routes;
 }
 
 } // namespace bridge

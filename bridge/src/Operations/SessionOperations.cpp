@@ -2,11 +2,11 @@
 
 #include "Answers/SessionAnswers.h"
 #include "Http/Problem.h"
+#include "Operations/Booking.h"
+#include "Operations/SessionRules.h"
 #include "People/BusinessClients.h"
 #include "People/DailyUse.h"
-#include "Work/Booking.h"
 #include "Work/Messages.h"
-#include "Work/Sessions.h"
 
 #include <algorithm>
 
@@ -69,7 +69,8 @@ static void book(Service& service, Call& call)
     const Session session = service.write(call, [&](soci::session& sql, const Account& self) {
         const Session wanted = readBooking(fields, cleaned(text), self);
         const Moment now = service.now();
-        use(sql, self.id, Use::Bookings, 1, service.settings.daily.bookings, now);
+        if (!use(sql, self.id, Use::Bookings, 1, service.settings.daily.bookings, now))
+            throw enoughForToday();
         if (wanted.businessId != 0)
             rememberBusinessClient(
                 sql, wanted.businessId, {0, wanted.clientName, wanted.clientEmail, wanted.clientPhone}, now);
@@ -118,24 +119,26 @@ static void sendMessage(Service& service, Call& call)
         if (text.empty())
             throw Problem(422, {{"error", "Write a message first."}});
         const Moment now = service.now();
-        use(sql, self.id, Use::Messages, 1, service.settings.daily.messages, now);
+        if (!use(sql, self.id, Use::Messages, 1, service.settings.daily.messages, now))
+            throw enoughForToday();
         return addMessage(sql, call.id(), self, text, now);
     });
     call.answer({{"data", messageAnswer(message)}}, 201);
 }
 
-void addSessionOperations(Router& router, Service& service)
+static const std::string sessions = bridgeBase + "/remote-notary/sessions";
+
+Routes sessionRoutes()
 {
-    const std::string sessions = bridgeBase + "/remote-notary/sessions";
-    router.add("GET", sessions, Access::SignedIn, [&service](Call& call) { list(service, call); });
-    router.add("POST", sessions, Access::SignedIn, [&service](Call& call) { book(service, call); });
-    router.add("GET", sessions + "/{id}", Access::SignedIn, [&service](Call& call) { show(service, call); });
-    router.add("POST", sessions + "/{id}/cancel", Access::SignedIn,
-        [&service](Call& call) { cancel(service, call); });
-    router.add("GET", sessions + "/{id}/messages", Access::SignedIn,
-        [&service](Call& call) { showMessages(service, call); });
-    router.add("POST", sessions + "/{id}/messages", Access::SignedIn,
-        [&service](Call& call) { sendMessage(service, call); });
+    static const Route routes[] = {
+        {"GET", sessions, Access::SignedIn, list},
+        {"POST", sessions, Access::SignedIn, book},
+        {"GET", sessions + "/{id}", Access::SignedIn, show},
+        {"POST", sessions + "/{id}/cancel", Access::SignedIn, cancel},
+        {"GET", sessions + "/{id}/messages", Access::SignedIn, showMessages},
+        {"POST", sessions + "/{id}/messages", Access::SignedIn, sendMessage},
+    };
+    return routes;
 }
 
 } // namespace bridge

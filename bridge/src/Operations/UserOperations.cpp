@@ -42,7 +42,8 @@ static void save(Service& service, Call& call)
         readContact(fields, *account);
         if (fields.has("role"))
             readRole(fields, self, *account);
-        updateAccount(sql, *account, service.now());
+        if (!updateAccount(sql, *account, service.now()))
+            throw emailTaken();
         if (password) {
             const bool isOwn = account->id == self.id;
             setPasswordHash(sql, account->id, hash, service.now());
@@ -64,12 +65,14 @@ static void remove(Service& service, Call& call)
     call.answer({{"message", "Account was deleted."}});
 }
 
-void addUserOperations(Router& router, Service& service)
+Routes userRoutes()
 {
-    const std::string users = bridgeBase + "/admin/users";
-    router.add("GET", users, Access::Admin, [&service](Call& call) { list(service, call); });
-    router.add("POST", users + "/{id}", Access::Admin, [&service](Call& call) { save(service, call); });
-    router.add("DELETE", users + "/{id}", Access::Admin, [&service](Call& call) { remove(service, call); });
+    static const Route routes[] = {
+        {"GET", bridgeBase + "/admin/users", Access::Admin, list},
+        {"POST", bridgeBase + "/admin/users/{id}", Access::Admin, save},
+        {"DELETE", bridgeBase + "/admin/users/{id}", Access::Admin, remove},
+    };
+    return routes;
 }
 
 } // namespace bridge

@@ -11,10 +11,15 @@ static constexpr const char* page = R"(<!doctype html>
 </html>
 )";
 
-void addWebsite(Router& router)
+static void show(Service&, Call& call)
 {
-    router.add("GET", "/", Access::Everybody,
-        [](Call& call) { call.response().set_content(page, "text/html; charset=utf-8"); });
+    call.response().set_content(page, "text/html; charset=utf-8");
+}
+
+Routes websiteRoutes()
+{
+    static const Route routes[] = {{"GET", "/", Access::Everybody, show}};
+    return routes;
 }
 
 } // namespace bridge

@@ -1,6 +1,5 @@
 #include "People/Accounts.h"
 
-#include "Http/Problem.h"
 #include "People/Passwords.h"
 #include "Store/Query.h"
 
@@ -29,13 +28,11 @@ static Account withPresentRights(Account account)
     return account;
 }
 
-static void requireFreeEmail(soci::session& sql, const std::string& email, Id owner)
+static bool isTaken(soci::session& sql, const std::string& email, Id owner)
 {
     Id other = 0;
     Query query(sql, "select id from users where email = :email and id <> :owner");
-    query.bind("email", email).bind("owner", owner).into(other);
-    if (query.next())
-        throw emailTaken();
+    return query.bind("email", email).bind("owner", owner).into(other).next();
 }
 
 // Gives the account what its role works with.
@@ -78,9 +75,10 @@ static void fitOut(soci::session& sql, Id id, Role role, Moment now)
     }
 }
 
-Id openAccount(soci::session& sql, const NewAccount& account, Moment now)
+std::optional<Id> openAccount(soci::session& sql, const NewAccount& account, Moment now)
 {
-    requireFreeEmail(sql, account.email, 0);
+    if (isTaken(sql, account.email, 0))
+        return std::nullopt;
     Query(sql,
         "insert into users(local_id, email, password_hash, full_name, phone, city, state, role,"
         " created_at, updated_at) values(:local_id, :email, :hash, :name, :phone, :city, :state, :role,"
@@ -149,9 +147,10 @@ void setPasswordHash(soci::session& sql, Id id, const std::string& hash, Moment 
         .run();
 }
 
-void updateAccount(soci::session& sql, const Account& account, Moment now)
+bool updateAccount(soci::session& sql, const Account& account, Moment now)
 {
-    requireFreeEmail(sql, account.email, account.id);
+    if (isTaken(sql, account.email, account.id))
+        return false;
     Query(sql,
         "update users set email = :email, full_name = :name, phone = :phone, city = :city,"
         " state = :state, role = :role, updated_at = :now where id = :id")
@@ -165,6 +164,7 @@ void updateAccount(soci::session& sql, const Account& account, Moment now)
         .bind("id", account.id)
         .run();
     fitOut(sql, account.id, roleOf(account.roleWord).value_or(Role::Client), now);
+    return true;
 }
 
 void closeAccount(soci::session& sql, Id id)

@@ -21,8 +21,8 @@ struct NewAccount
     std::string roleWord = "client";
 };
 
-/// \throws Problem when the e-mail address is taken
-Id openAccount(soci::session& sql, const NewAccount& account, Moment now);
+/// \returns none when the e-mail address is taken
+[[nodiscard]] std::optional<Id> openAccount(soci::session& sql, const NewAccount& account, Moment now);
 
 std::optional<Account> findAccount(soci::session& sql, Id id);
 
@@ -43,8 +43,8 @@ void setPasswordHash(soci::session& sql, Id id, const std::string& hash, Moment 
 
 /// Stores name, contact, place and role. A new business or notary role gets its business or notary profile; a
 /// role that is no longer a notary's leaves the profile behind, inactive, unless it is an admin's.
-/// \throws Problem when the e-mail address is taken
-void updateAccount(soci::session& sql, const Account& account, Moment now);
+/// \returns false, and nothing is stored, when the e-mail address is taken
+[[nodiscard]] bool updateAccount(soci::session& sql, const Account& account, Moment now);
 
 /// Ends the account and its sign-ins. Sessions that it owned stay.
 void closeAccount(soci::session& sql, Id id);

@@ -27,10 +27,10 @@ long long usedToday(soci::session& sql, Id userId, Use what, Moment now)
     return amount;
 }
 
-void use(soci::session& sql, Id userId, Use what, long long amount, long long limit, Moment now)
+bool use(soci::session& sql, Id userId, Use what, long long amount, long long limit, Moment now)
 {
     if (usedToday(sql, userId, what, now) > limit - amount)
-        throw enoughForToday();
+        return false;
     Query(sql,
         "insert into daily_use(user_id, day, what, amount) values(:user, :day, :what, :amount)"
         " on conflict(user_id, day, what) do update set amount = daily_use.amount + excluded.amount")
@@ -39,11 +39,7 @@ void use(soci::session& sql, Id userId, Use what, long long amount, long long li
         .bind("what", nameOf(what))
         .bind("amount", amount)
         .run();
-}
-
-Problem enoughForToday()
-{
-    return refusal(429, "That is more than one account may add in a day. Please go on tomorrow.");
+    return true;
 }
 
 void purgeDailyUse(soci::session& sql, Moment now)

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Http/Problem.h"
 #include "Moment.h"
 #include "Store/Id.h"
 #include "Store/Soci.h"
@@ -16,15 +15,12 @@ enum class Use
     DocumentBytes,
 };
 
-/// Counts so much more of an account's day.
-/// \throws Problem 429 when that is more than the limit
-void use(soci::session& sql, Id userId, Use what, long long amount, long long limit, Moment now);
+/// Counts so much more of an account's day; false, and nothing is counted, when that is more than the limit.
+[[nodiscard]] bool use(
+    soci::session& sql, Id userId, Use what, long long amount, long long limit, Moment now);
 
 /// How much an account has used today.
 long long usedToday(soci::session& sql, Id userId, Use what, Moment now);
-
-/// 429: enough for today.
-Problem enoughForToday();
 
 /// Forgets the days before today.
 void purgeDailyUse(soci::session& sql, Moment now);

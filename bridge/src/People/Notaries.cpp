@@ -35,7 +35,7 @@ std::optional<Notary> findNotary(soci::session& sql, Id id)
     return query.next() ? std::optional(notary) : std::nullopt;
 }
 
-void updateNotary(soci::session& sql, const Notary& notary, Moment now)
+bool updateNotary(soci::session& sql, const Notary& notary, Moment now)
 {
     Query(sql,
         "update notaries set name = :name, email = :email, phone = :phone, state = :state,"
@@ -57,8 +57,9 @@ void updateNotary(soci::session& sql, const Notary& notary, Moment now)
         account->fullName = notary.name;
         account->email = notary.email;
         account->phone = notary.phone;
-        updateAccount(sql, *account, now);
+        return updateAccount(sql, *account, now);
     }
+    return true;
 }
 
 void linkNotary(soci::session& sql, Id id, Id userId)

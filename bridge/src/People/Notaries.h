@@ -32,7 +32,8 @@ void eachNotary(soci::session& sql, const RowSink<Notary>& take);
 std::optional<Notary> findNotary(soci::session& sql, Id id);
 
 /// Stores the profile's own fields, and those of a linked account in the profile as well.
-void updateNotary(soci::session& sql, const Notary& notary, Moment now);
+/// \returns false when the e-mail address belongs to another account: the caller takes everything back
+[[nodiscard]] bool updateNotary(soci::session& sql, const Notary& notary, Moment now);
 
 /// Makes an account the one that signs in as this notary.
 void linkNotary(soci::session& sql, Id id, Id userId);

@@ -1,6 +1,6 @@
 #include "People/Roles.h"
 
-#include "Http/Text.h"
+#include "Text.h"
 
 #include <map>
 

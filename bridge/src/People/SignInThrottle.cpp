@@ -1,7 +1,7 @@
 #include "People/SignInThrottle.h"
 
-#include "Http/Fields.h"
 #include "People/Passwords.h"
+#include "Text.h"
 
 #include <algorithm>
 

@@ -1,6 +1,5 @@
 #include "Work/Sessions.h"
 
-#include "Http/Problem.h"
 #include "Store/Query.h"
 #include "Work/Uploads.h"
 
@@ -124,27 +123,11 @@ std::optional<Session> findVisibleSession(soci::session& sql, const Account& acc
     return fetchOne(query);
 }
 
-Session visibleSession(soci::session& sql, const Account& account, Id id)
-{
-    std::optional<Session> session = findVisibleSession(sql, account, id);
-    if (!session)
-        throw notFound();
-    return *session;
-}
-
 bool takesPart(const Account& account, const Session& session)
 {
     return account.isAdmin() || session.ownerId == account.id
         || (account.businessId != 0 && session.businessId == account.businessId)
         || (account.notaryId != 0 && session.notaryId == account.notaryId);
-}
-
-Session writableSession(soci::session& sql, const Account& account, Id id)
-{
-    Session session = visibleSession(sql, account, id);
-    if (!takesPart(account, session))
-        throw forbidden();
-    return session;
 }
 
 static std::string nextReference(soci::session& sql, Moment now)

@@ -31,16 +31,9 @@ void eachSession(soci::session& sql, const Account& account, Scope scope, const 
 /// same.
 std::optional<Session> findVisibleSession(soci::session& sql, const Account& account, Id id);
 
-/// As findVisibleSession(). \throws Problem 404
-Session visibleSession(soci::session& sql, const Account& account, Id id);
-
 /// Whether the session is the account's work and not just an open call that it may see: its own, its
 /// business's, one assigned to it, any for an admin.
 bool takesPart(const Account& account, const Session& session);
-
-/// A visible session that the account takes part in, and so may write into.
-/// \throws Problem 404, 403
-Session writableSession(soci::session& sql, const Account& account, Id id);
 
 /// Stores a new session under the next reference of the day.
 Session createSession(soci::session& sql, Session session, Moment now);

@@ -1,4 +1,4 @@
-#include "Http/Text.h"
+#include "Text.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,4 +1,4 @@
-#include "Work/Booking.h"
+#include "Operations/Booking.h"
 
 #include "Http/Problem.h"
 
