@@ -8,6 +8,7 @@
 #include "Http/MultipartReader.h"
 #include "Http/Problem.h"
 #include "Http/Router.h"
+#include "Http/Text.h"
 #include "Net/TlsServer.h"
 #include "Work/Booking.h"
 
@@ -95,6 +96,12 @@ void book(bridge::Call& call)
     call.answerNothing();
 }
 
+/// Nobody is signed in here.
+void refuse(bridge::Call&)
+{
+    throw bridge::signInNeeded();
+}
+
 /// An operation may hold what it reads; what is held before it has begun is the server's own.
 bridge::Router::Operation unmetered(void (*operation)(bridge::Call&))
 {
@@ -120,7 +127,8 @@ void addOperations(bridge::Router& router)
     add("POST", "/form", readForm);
     add("POST", "/booking", book);
     add("DELETE", "/unread", [](Call& call) { call.answerNothing(); });
-    router.add("GET", "/mine", Access::SignedIn, [](Call& call) { call.answerNothing(); });
+    router.add("GET", "/mine", Access::SignedIn, refuse);
+    router.add("POST", "/mine", Access::SignedIn, refuse);
     router.add("PUT", "/skim", Access::Everybody, [](Call& call) {
         call.read([](const char*, std::size_t) {});
         call.answerNothing();
@@ -131,9 +139,7 @@ void addOperations(bridge::Router& router)
 class Server
 {
 public:
-    Server()
-        : router_([](bridge::Call&) { throw bridge::signInNeeded(); }),
-          server_(bridge::TlsIdentity(folder_, bridge::systemTime()))
+    Server() : router_(refuse), server_(bridge::TlsIdentity(folder_, bridge::systemTime()))
     {
         std::filesystem::remove_all(folder_);
         addOperations(router_);
