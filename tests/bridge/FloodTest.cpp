@@ -35,7 +35,9 @@ TEST_P(Floods, TakeNoMemoryAndHurtNobody)
     Child child(folder.path(), {});
     ASSERT_TRUE(child.isListening()) << child.output();
     ASSERT_EQ(child.api().get("//").status, 200);
+    child.beginMeasurement();
     const std::size_t before = child.peakMemory();
+    ASSERT_GT(before, 0u);
     {
         RawConnection connection(child.port());
         connection.send(GetParam().begin);

@@ -99,10 +99,10 @@ void RequestStream::get_local_ip_and_port(std::string& ip, int& port) const
 
 bool RequestStream::fill(SteadyMoment deadline)
 {
-    if (!isSound_)
-        return false;
-    position_ = 0;
-    filled_ = receive(buffer_.data(), buffer_.size(), deadline);
+    position_ = filled_ = 0;
+    // What is there already is too late too, or a client in a hurry would never meet a deadline.
+    if (isSound_ && clock_() < deadline)
+        filled_ = receive(buffer_.data(), buffer_.size(), deadline);
     isSound_ = filled_ > 0;
     return isSound_;
 }

@@ -75,8 +75,9 @@ void TlsStream::get_remote_ip_and_port(std::string& ip, int& port) const
         && ::getnameinfo(reinterpret_cast<sockaddr*>(&address), size, host.data(), host.size(), nullptr, 0,
                NI_NUMERICHOST)
             == 0;
+    ip = isKnown ? host.data() : "";
     // The scope of a link-local address is a name of this machine's own.
-    ip = isKnown ? std::string(host.data()).substr(0, std::string(host.data()).find('%')) : std::string();
+    ip.resize(std::min(ip.size(), ip.find('%')));
     port = 0;
 }
 

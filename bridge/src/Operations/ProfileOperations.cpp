@@ -43,7 +43,7 @@ static void changePassword(Service& service, Call& call)
     service.throttle.succeeded(user, call.peer());
 
     const std::string hash = service.passwords.hash(password);
-    service.write(call, [&](soci::session& sql, const Account& self) {
+    service.write(call, [&, &verified = verified](soci::session& sql, const Account& self) {
         if (passwordHashOf(sql, self.id) != verified)
             throw wrong;
         setPasswordHash(sql, self.id, hash, service.now());

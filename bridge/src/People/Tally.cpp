@@ -33,7 +33,7 @@ void Tally::makeRoom(SteadyMoment now)
     for (Iterator entry = entries_.begin(); entry != entries_.end(); ++entry)
         all.push_back(entry);
     // Some at once, so that a flood does not pay for the search with every key.
-    const auto least = all.begin() + static_cast<std::ptrdiff_t>(most_ / 100 + 1);
+    const auto least = all.begin() + static_cast<std::ptrdiff_t>(most_ / 20 + 1);
     std::nth_element(all.begin(), least - 1, all.end(), [](const Iterator& one, const Iterator& other) {
         return std::tie(one->second.count, one->second.last)
             < std::tie(other->second.count, other->second.last);

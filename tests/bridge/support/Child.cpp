@@ -51,6 +51,12 @@ Child::~Child()
     end(SIGKILL);
 }
 
+void Child::beginMeasurement() const
+{
+    // See proc(5): this sets the peak to what is held now.
+    std::ofstream("/proc/" + std::to_string(process_) + "/clear_refs") << '5';
+}
+
 std::size_t Child::peakMemory() const
 {
     std::ifstream status("/proc/" + std::to_string(process_) + "/status");

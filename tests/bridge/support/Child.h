@@ -22,7 +22,9 @@ public:
     /// What it printed before it listened, or ended.
     const std::string& output() const { return output_; }
 
-    /// The most memory that it ever had, in bytes.
+    /// The most memory that it had since the begin of a measurement, in bytes. Its start takes much, for the
+    /// hash of a password.
+    void beginMeasurement() const;
     std::size_t peakMemory() const;
 
     /// From now on no file may grow beyond so many bytes, as if the disk were full.

@@ -17,7 +17,6 @@ RunningBridge::RunningBridge(const Wishes& wishes)
     settings.daily = wishes.daily;
     settings.answerMemory = wishes.answerMemory;
     settings.passwordCost = bridge::PasswordCost::Lowest;
-    settings.mostRegistrations = wishes.mostRegistrations;
     settings.steadyClock
         = [this] { return bridge::SteadyMoment(birth + std::chrono::milliseconds(elapsed_.load())); };
     settings.clock = [this] {

@@ -20,7 +20,6 @@ public:
         bool verbose = false;
         bridge::DailyLimits daily = {};
         std::size_t answerMemory = 256 << 20;
-        int mostRegistrations = 20;
         /// Adds operations of the test's own.
         std::function<void(bridge::Router&)> operations;
     };
