@@ -97,6 +97,8 @@ QCoro::Task<JSONValue> APIClient::perform(Request request, bool isPublic) const
 {
     const APIClient self = *this;
     const quint64 epoch = self.backend_.epoch.current();
+    if (request.method == "GET")
+        request.abandoned = self.abandoned_;
     Response response;
     try {
         response = co_await self.backend_.session.send(std::move(request));
