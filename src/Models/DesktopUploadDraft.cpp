@@ -2,7 +2,6 @@
 
 #include "ByteCount.h"
 
-#include <QFileInfo>
 #include <QSet>
 
 using namespace Qt::StringLiterals;
@@ -10,9 +9,8 @@ using namespace Qt::StringLiterals;
 QString DesktopUploadDraft::detail() const
 {
     QStringList parts{fileName()};
-    const QFileInfo file(url.toLocalFile());
-    if (file.isFile() && file.isReadable())
-        parts.append(formattedByteCount(file.size()));
+    if (size)
+        parts.append(formattedByteCount(*size));
     return parts.join(u" • "_s);
 }
 
@@ -27,13 +25,13 @@ const QList<UploadCategory>& uploadCategories()
     return categories;
 }
 
-void addDrafts(QList<DesktopUploadDraft>& drafts, const QList<QUrl>& files)
+void addDrafts(QList<DesktopUploadDraft>& drafts, const QList<AttachedFile>& files)
 {
     QSet<QUrl> known;
     for (const DesktopUploadDraft& draft : drafts)
         known.insert(DesktopFileHelpers::standardized(draft.url));
-    for (const QUrl& file : files) {
-        const QUrl url = DesktopFileHelpers::standardized(file);
+    for (const AttachedFile& file : files) {
+        const QUrl url = DesktopFileHelpers::standardized(file.url);
         if (url.isEmpty() || known.contains(url))
             continue;
         known.insert(url);
@@ -41,6 +39,7 @@ void addDrafts(QList<DesktopUploadDraft>& drafts, const QList<QUrl>& files)
             .url = url,
             .label = DesktopFileHelpers::suggestedLabel(url),
             .category = DesktopFileHelpers::suggestedCategory(url),
+            .size = file.size,
         });
     }
 }

@@ -5,6 +5,8 @@
 #include <QUrl>
 #include <QUuid>
 
+#include <optional>
+
 /// A file chosen but not yet uploaded.
 struct DesktopUploadDraft
 {
@@ -12,6 +14,7 @@ struct DesktopUploadDraft
     QUrl url; ///< standardized local file address
     QString label;
     QString category; ///< one of the values of uploadCategories()
+    std::optional<qint64> size; ///< when the file was attached; nothing where it could not be read
 
     QString fileName() const { return url.fileName(); }
     /// The file's name and size joined by a bullet; the size is left out when the file cannot be read.
@@ -43,5 +46,11 @@ QUrl standardized(const QUrl& file);
 
 } // namespace DesktopFileHelpers
 
+/// A file to attach.
+struct AttachedFile
+{
+    QUrl url;
+    std::optional<qint64> size{}; ///< as in the draft
+};
 /// Appends a draft for every address that is not among the drafts yet, in the order given.
-void addDrafts(QList<DesktopUploadDraft>& drafts, const QList<QUrl>& files);
+void addDrafts(QList<DesktopUploadDraft>& drafts, const QList<AttachedFile>& files);

@@ -8,18 +8,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Of the smallest number that does not fit.
-constexpr qsizetype fewestDigits = 19;
-
 const QString& mark()
 {
     static const QString made = u'\uFDD0' + QUuid::createUuid().toString(QUuid::Id128);
     return made;
-}
-
-bool isDigit(char byte)
-{
-    return byte >= '0' && byte <= '9';
 }
 
 bool isOneOf(std::string_view bytes, char byte)
@@ -39,97 +31,32 @@ bool fits(const QByteArray& number)
     return does;
 }
 
-/// Whether there are digits enough in a row anywhere. So many cover one of the places that are looked at.
-bool mayHoldAny(const QByteArray& json)
+/// Whether nothing but the number stands where a value may stand. One in the place of a name is left for the
+/// parser to judge.
+bool isWholeValue(const QByteArray& json, JSONScan::Span number)
 {
-    for (qsizetype at = fewestDigits - 1; at < json.size(); at += fewestDigits) {
-        if (!isDigit(json[at]))
-            continue;
-        qsizetype begin = at;
-        while (begin > 0 && isDigit(json[begin - 1]))
-            --begin;
-        qsizetype end = at;
-        while (end < json.size() && isDigit(json[end]))
-            ++end;
-        if (end - begin >= fewestDigits)
-            return true;
-        at = end - 1;
-    }
-    return false;
+    while (number.begin > 0 && isBlank(json[number.begin - 1]))
+        --number.begin;
+    while (number.end < json.size() && isBlank(json[number.end]))
+        ++number.end;
+    return number.begin > 0 && isOneOf("[,:", json[number.begin - 1]) && number.end < json.size()
+        && isOneOf(",]}", json[number.end]);
 }
-
-/// Goes through a document from left to right and marks the numbers that are too long.
-class Marking
-{
-public:
-    explicit Marking(const QByteArray& json) : json_(json) { }
-
-    QByteArray run()
-    {
-        while (at_ < json_.size()) {
-            const char byte = json_[at_];
-            if (byte == '"')
-                at_ = endOfText();
-            else if (isDigit(byte) || byte == '-')
-                passNumber();
-            else
-                ++at_;
-        }
-        return result_ + json_.sliced(copied_);
-    }
-
-private:
-    qsizetype endOfText() const
-    {
-        for (qsizetype end = at_ + 1; end < json_.size(); ++end) {
-            if (json_[end] == '\\')
-                ++end;
-            else if (json_[end] == '"')
-                return end + 1;
-        }
-        return json_.size();
-    }
-
-    void passNumber()
-    {
-        const qsizetype begin = at_;
-        const qsizetype digits = json_[begin] == '-' ? begin + 1 : begin;
-        qsizetype end = digits;
-        while (end < json_.size() && isDigit(json_[end]))
-            ++end;
-        at_ = std::max(end, begin + 1);
-        if (end - digits < fewestDigits || json_[digits] == '0' || !isWholeValue(begin, end))
-            return;
-        const QByteArray number = json_.sliced(begin, end - begin);
-        if (fits(number))
-            return;
-        result_ += json_.sliced(copied_, begin - copied_) + '"' + mark().toUtf8() + number + '"';
-        copied_ = end;
-    }
-
-    /// Whether nothing but the number stands where a value may stand. A part of a fraction, or the number in
-    /// the place of a name, is left for the parser to judge.
-    bool isWholeValue(qsizetype begin, qsizetype end) const
-    {
-        while (begin > 0 && isBlank(json_[begin - 1]))
-            --begin;
-        while (end < json_.size() && isBlank(json_[end]))
-            ++end;
-        return begin > 0 && isOneOf("[,:", json_[begin - 1]) && end < json_.size()
-            && isOneOf(",]}", json_[end]);
-    }
-
-    const QByteArray& json_;
-    QByteArray result_;
-    qsizetype copied_ = 0; ///< up to here the document is in the result
-    qsizetype at_ = 0;
-};
 
 } // namespace
 
-QByteArray JSONLongInteger::marked(const QByteArray& json)
+QByteArray JSONLongInteger::marked(const QByteArray& json, const QList<JSONScan::Span>& candidates)
 {
-    return mayHoldAny(json) ? Marking(json).run() : json;
+    QByteArray result;
+    qsizetype copied = 0;
+    for (const JSONScan::Span& span : candidates) {
+        const QByteArray number = json.sliced(span.begin, span.end - span.begin);
+        if (fits(number) || !isWholeValue(json, span))
+            continue;
+        result += json.sliced(copied, span.begin - copied) + '"' + mark().toUtf8() + number + '"';
+        copied = span.end;
+    }
+    return copied == 0 ? json : result + json.sliced(copied);
 }
 
 QByteArray JSONLongInteger::unmarked(const QByteArray& compact)

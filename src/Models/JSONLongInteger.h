@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QByteArray>
+#include "JSONScan.h"
+
 #include <QString>
 
 #include <optional>
@@ -12,7 +13,8 @@ namespace JSONLongInteger {
 
 /// The document with a marked text in the place of each such number; as it is where it holds none. What is no
 /// JSON stays none.
-QByteArray marked(const QByteArray& json);
+/// \param candidates  the numbers to look at, from left to right
+QByteArray marked(const QByteArray& json, const QList<JSONScan::Span>& candidates);
 /// The other way round, in compact JSON.
 QByteArray unmarked(const QByteArray& compact);
 

@@ -2,6 +2,7 @@
 
 #include "JSONInteger.h"
 #include "JSONLongInteger.h"
+#include "JSONScan.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -65,8 +66,12 @@ QString renderedNumber(const QJsonValue& value)
 
 std::optional<JSONValue> JSONValue::parse(const QByteArray& bytes)
 {
+    const JSONScan scan(bytes);
+    if (scan.flaw() != JSONScan::Flaw::none)
+        return {};
+    const QByteArray marked = JSONLongInteger::marked(bytes, scan.longIntegers());
     QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(JSONLongInteger::marked(bytes), &error);
+    const QJsonDocument document = QJsonDocument::fromJson(marked, &error);
     if (error.error != QJsonParseError::NoError)
         return {};
     if (document.isObject())

@@ -15,7 +15,9 @@ class JSONValue
 public:
     JSONValue() = default;
 
-    /// \returns nothing when the bytes are not one whole JSON document with an object or a list at its top.
+    /// \returns nothing when the bytes are not one whole JSON document with an object or a list at its top,
+    /// or
+    ///          when it would cost too much memory (JSONScan).
     static std::optional<JSONValue> parse(const QByteArray& bytes);
 
     /// What an empty answer stands for.

@@ -1,5 +1,7 @@
 #include "CurlEngine.h"
 
+#include "Worker.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -28,29 +30,42 @@ CurlEngine::CurlEngine(const CurlWebSession::Options& options)
 
 QFuture<CurlTransfer::Outcome> CurlEngine::start(Request request)
 {
-    auto made = std::make_unique<CurlTransfer>(std::move(request), options_, this);
-    CurlTransfer& transfer = *made;
-    CURL* const handle = transfer.handle();
-    transfers_.emplace(handle, std::move(made));
-    if (const auto refusal = begin(transfer)) {
-        const auto fail = [this, handle, code = *refusal] {
-            if (transfers_.contains(handle))
-                take(handle)->fail(code);
-        };
-        QMetaObject::invokeMethod(this, fail, Qt::QueuedConnection);
+    const std::optional<QFuture<void>> abandoned = request.abandoned;
+    const auto transfer = std::make_shared<CurlTransfer>(std::move(request), options_, this);
+    const Weak weak = transfer;
+    transfers_.emplace(transfer->handle(), transfer);
+    const auto refusal = isOver_ ? TransportError::Code::Cancelled : transfer->refusal();
+    if (refusal) {
+        QMetaObject::invokeMethod(
+            this, [this, weak, code = *refusal] { end(weak, code); }, Qt::QueuedConnection);
+        return transfer->outcome();
     }
-    return transfer.outcome();
+    if (abandoned)
+        whenFinished(*abandoned, this, [this, weak] { end(weak, TransportError::Code::Cancelled); });
+    transfer->openFiles([this, weak](std::optional<TransportError::Code> failure) {
+        if (failure)
+            end(weak, *failure);
+        else
+            begin(weak);
+    });
+    return transfer->outcome();
 }
 
-std::optional<TransportError::Code> CurlEngine::begin(CurlTransfer& transfer)
+void CurlEngine::begin(const Weak& weak)
 {
-    if (isOver_)
-        return TransportError::Code::Cancelled;
-    if (const auto refusal = transfer.prepare(share_.get()))
-        return refusal;
-    if (curl_multi_add_handle(multi_.get(), transfer.handle()) != CURLM_OK)
-        return TransportError::Code::Unknown;
-    return std::nullopt;
+    const std::shared_ptr<CurlTransfer> transfer = weak.lock();
+    std::optional<TransportError::Code> refusal = transfer->prepare(share_.get());
+    if (!refusal && curl_multi_add_handle(multi_.get(), transfer->handle()) != CURLM_OK)
+        refusal = TransportError::Code::Unknown;
+    if (refusal)
+        QMetaObject::invokeMethod(
+            this, [this, weak, code = *refusal] { end(weak, code); }, Qt::QueuedConnection);
+}
+
+void CurlEngine::end(const Weak& weak, TransportError::Code code)
+{
+    if (const std::shared_ptr<CurlTransfer> transfer = weak.lock())
+        take(transfer->handle())->fail(code);
 }
 
 void CurlEngine::cancelAll()
@@ -92,7 +107,7 @@ void CurlEngine::act(curl_socket_t socket)
     }
 }
 
-std::unique_ptr<CurlTransfer> CurlEngine::take(CURL* handle)
+std::shared_ptr<CurlTransfer> CurlEngine::take(CURL* handle)
 {
     curl_multi_remove_handle(multi_.get(), handle);
     auto node = transfers_.extract(handle);

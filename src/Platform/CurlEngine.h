@@ -22,16 +22,19 @@ private:
     static int watchSocket(CURL*, curl_socket_t socket, int what, void* self, void*);
     static int wakeAfter(CURLM*, long milliseconds, void* self);
 
-    std::optional<TransportError::Code> begin(CurlTransfer& transfer);
+    using Weak = std::weak_ptr<CurlTransfer>;
+    void begin(const Weak& transfer);
+    /// Ends a transfer that is not over yet.
+    void end(const Weak& transfer, TransportError::Code code);
     void act(curl_socket_t socket);
-    std::unique_ptr<CurlTransfer> take(CURL* handle);
+    std::shared_ptr<CurlTransfer> take(CURL* handle);
 
     const CurlWebSession::Options options_;
     bool isOver_ = false;
     QTimer timer_;
     CurlSocketNotifiers notifiers_;
     CurlShare share_;
-    std::unordered_map<CURL*, std::unique_ptr<CurlTransfer>> transfers_;
+    std::unordered_map<CURL*, std::shared_ptr<CurlTransfer>> transfers_;
     // The last, so that it goes first: while it closes its connections it still uses the members above.
     CurlMulti multi_;
 };

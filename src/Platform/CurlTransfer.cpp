@@ -2,8 +2,9 @@
 
 #include "CurlErrors.h"
 #include "RequestCheck.h"
+#include "Worker.h"
 
-#include <QObject>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -14,12 +15,36 @@ CurlTransfer::CurlTransfer(Request request, const Options& options, QObject* eve
     promise_.start();
 }
 
+std::optional<TransportError::Code> CurlTransfer::refusal() const
+{
+    if (request_.abandoned && request_.abandoned->isFinished())
+        return TransportError::Code::Cancelled;
+    return refusalOf(request_);
+}
+
+void CurlTransfer::openFiles(std::function<void(std::optional<TransportError::Code>)> done)
+{
+    if (!reader_.hasFiles())
+        return done(std::nullopt);
+    const QFuture<std::optional<BodyReader::Files>> opening = reader_.open();
+    // Whoever asks holds this transfer by a weak pointer as well, so one that is over is not told twice.
+    QTimer::singleShot(options_.idleTimeout, events_, [opening, done] {
+        if (!opening.isFinished())
+            done(TransportError::Code::CannotReadFile);
+    });
+    const auto use = [weak = weak_from_this(), opening, done] {
+        const std::shared_ptr<CurlTransfer> transfer = weak.lock();
+        if (!transfer)
+            return;
+        const std::optional<BodyReader::Files> files = opening.result();
+        transfer->reader_.use(files.value_or(BodyReader::Files()));
+        done(files ? std::nullopt : std::optional(TransportError::Code::CannotReadFile));
+    };
+    whenFinished(opening, events_, use);
+}
+
 std::optional<TransportError::Code> CurlTransfer::prepare(CURLSH* share)
 {
-    if (const auto refusal = refusalOf(request_))
-        return refusal;
-    if (!reader_.open())
-        return TransportError::Code::CannotReadFile;
     set(CURLOPT_SHARE, share);
     setAddress();
     setMethodAndBody();
@@ -129,14 +154,31 @@ void CurlTransfer::setReceivers()
 size_t CurlTransfer::readBody(char* buffer, size_t size, size_t count, void* self)
 {
     auto* const transfer = static_cast<CurlTransfer*>(self);
-    const std::optional<qint64> read = transfer->reader_.read(buffer, qint64(size) * qint64(count));
-    if (!read) {
+    qint64 read = 0;
+    switch (transfer->reader_.read(buffer, qint64(size) * qint64(count), read)) {
+    case BodyReader::Step::read:
+        break;
+    case BodyReader::Step::waits:
+        return transfer->waitForDisk();
+    case BodyReader::Step::failed:
         transfer->fileFailed_ = true;
         return CURL_READFUNC_ABORT;
     }
-    if (*read > 0)
+    if (read > 0)
         transfer->reportProgress();
-    return size_t(*read);
+    return size_t(read);
+}
+
+size_t CurlTransfer::waitForDisk()
+{
+    waitsForDisk_ = true;
+    whenFinished(reader_.coming(), events_, [weak = weak_from_this()] {
+        if (const std::shared_ptr<CurlTransfer> transfer = weak.lock()) {
+            transfer->waitsForDisk_ = false;
+            curl_easy_pause(transfer->handle(), CURLPAUSE_CONT);
+        }
+    });
+    return CURL_READFUNC_PAUSE;
 }
 
 size_t CurlTransfer::takeHeaderLine(char* data, size_t size, size_t count, void* self)
@@ -173,7 +215,7 @@ CurlTransfer::Outcome CurlTransfer::outcomeOf(CURLcode result) const
         return Response{};
     if (answer_.flaw())
         return TransportError::Code::BadServerResponse;
-    if (fileFailed_)
+    if (fileFailed_ || (waitsForDisk_ && result == CURLE_OPERATION_TIMEDOUT))
         return TransportError::Code::CannotReadFile;
     if (result != CURLE_OK)
         return transportCode(result);

@@ -14,7 +14,7 @@
 class QObject;
 
 /// One request under way: its libcurl handle, what has been sent and received, and who waits for the outcome.
-class CurlTransfer
+class CurlTransfer : public std::enable_shared_from_this<CurlTransfer>
 {
 public:
     using Options = CurlWebSession::Options;
@@ -28,8 +28,14 @@ public:
     CURL* handle() const { return handle_.get(); }
     QFuture<Outcome> outcome() const { return promise_.future(); }
 
+    /// Why the request cannot be sent, as far as it tells by itself.
+    std::optional<TransportError::Code> refusal() const;
+    /// Makes sure that all files of the body can be sent. When the disk does not answer for as long as a
+    /// server may take, they cannot. \param done  called at once where there are no files, else by the event
+    /// loop; nothing when all are open
+    void openFiles(std::function<void(std::optional<TransportError::Code>)> done);
     /// Makes everything ready to send; the TLS sessions of earlier connections come from `share`.
-    /// \returns why the request cannot be sent, or nothing
+    /// \returns why libcurl cannot send the request, or nothing
     std::optional<TransportError::Code> prepare(CURLSH* share);
     /// Resolves the outcome from libcurl's result.
     void finish(CURLcode result);
@@ -46,6 +52,7 @@ private:
     void setTrust();
     void setReceivers();
 
+    size_t waitForDisk();
     static size_t readBody(char* buffer, size_t size, size_t count, void* self);
     static size_t takeHeaderLine(char* data, size_t size, size_t count, void* self);
     static size_t takeBody(char* data, size_t size, size_t count, void* self);
@@ -65,4 +72,5 @@ private:
     bool fileFailed_ = false;
     QElapsedTimer sinceProgress_;
     QPromise<Outcome> promise_;
+    bool waitsForDisk_ = false;
 };

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QCoroTask>
+#include <QFuture>
 #include <QList>
 #include <QUrl>
 
@@ -30,6 +31,9 @@ struct Request
     QList<Header> headers;
     RequestBody body;
     Progress onProgress;
+    /// Where there is one, it finishes when nobody waits for the answer any more, which ends the request as
+    /// cancelled. For reads: a write that has been begun goes on whoever has left.
+    std::optional<QFuture<void>> abandoned;
 };
 
 /// What a server answered. `status` is empty when the answer was no usable reply of the protocol, such as one
@@ -59,7 +63,7 @@ public:
         BadURL,
         UnsupportedURL,
         CannotReadFile, ///< a file of the body could not be opened or read, or became shorter
-        Cancelled, ///< the session ended first
+        Cancelled, ///< the session ended first, or nobody waits for the answer any more
         Unknown,
     };
 

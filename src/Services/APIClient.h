@@ -44,12 +44,18 @@ struct ClientRegistration
 ///
 /// While the ID token is being renewed a request waits, and goes out with the new one (TokenGate).
 ///
+/// Its reads end when nobody waits for them any more, where it was told how to know.
+///
 /// A failure that ends the session is announced as "QuorvelMac.appSessionExpired", later and on the main
 /// thread, unless the user for whom the request was made has left by then.
 class APIClient
 {
 public:
     explicit APIClient(const Backend& backend) : backend_(backend) { }
+    /// \param abandoned  finishes when nobody waits any more for what is read; what is written goes on
+    APIClient(const Backend& backend, QFuture<void> abandoned)
+        : backend_(backend), abandoned_(std::move(abandoned))
+    { }
 
     // Accounts
     QCoro::Task<JSONObject> passwordLogin(
@@ -116,4 +122,5 @@ private:
     void announceSessionExpiry(quint64 epoch) const;
 
     Backend backend_;
+    std::optional<QFuture<void>> abandoned_;
 };

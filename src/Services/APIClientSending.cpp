@@ -1,6 +1,7 @@
 #include "APIClient.h"
 
 #include "AppError.h"
+#include "JSONScan.h"
 #include "Worker.h"
 
 #include <QCoroFuture>
@@ -26,12 +27,15 @@ bool isSafeToken(const QString& token)
     return std::all_of(token.begin(), token.end(), [](QChar c) { return c > u' ' && c < QChar(0x7F); });
 }
 
-/// The body as text; a fixed sentence for what is no text.
+/// The body as text; a fixed sentence for what is no text, and for what cost too much to be read as JSON.
 QString textOf(const QByteArray& body)
 {
+    const QString unreadable = u"We could not read the response. Please try again."_s;
+    if (JSONScan(body).flaw() == JSONScan::Flaw::tooCostly)
+        return unreadable;
     QStringDecoder decode(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = decode(body);
-    return decode.hasError() ? u"We could not read the response. Please try again."_s : text;
+    return decode.hasError() ? unreadable : text;
 }
 
 /// What a body says: its JSON, or the sentence to show when it is none.
@@ -93,6 +97,8 @@ QCoro::Task<JSONValue> APIClient::perform(Request request, bool isPublic) const
 {
     const APIClient self = *this;
     const quint64 epoch = self.backend_.epoch.current();
+    if (request.method == "GET")
+        request.abandoned = self.abandoned_;
     Response response;
     try {
         response = co_await self.backend_.session.send(std::move(request));

@@ -4,11 +4,6 @@
 
 #include <rapidcheck/gtest.h>
 
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <sys/stat.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -19,6 +14,14 @@ QList<QUrl> addresses(const QList<DesktopUploadDraft>& drafts)
     for (const DesktopUploadDraft& draft : drafts)
         urls.append(draft.url);
     return urls;
+}
+
+QList<AttachedFile> files(const QList<QUrl>& urls)
+{
+    QList<AttachedFile> files;
+    for (const QUrl& url : urls)
+        files.append({url});
+    return files;
 }
 
 TEST(UploadCategories, StandInTheOrderOfTheirPicker)
@@ -34,7 +37,7 @@ TEST(UploadCategories, StandInTheOrderOfTheirPicker)
 TEST(AddDrafts, SuggestsLabelAndCategory)
 {
     QList<DesktopUploadDraft> drafts;
-    addDrafts(drafts, {QUrl(u"file:///a/./my_power-of_attorney.pdf"_s)});
+    addDrafts(drafts, files({QUrl(u"file:///a/./my_power-of_attorney.pdf"_s)}));
     ASSERT_EQ(drafts.size(), 1);
     EXPECT_EQ(drafts[0].url, QUrl(u"file:///a/my_power-of_attorney.pdf"_s));
     EXPECT_EQ(drafts[0].fileName(), u"my_power-of_attorney.pdf"_s);
@@ -46,18 +49,18 @@ TEST(AddDrafts, SuggestsLabelAndCategory)
 TEST(AddDrafts, AddsAFileOnceHoweverItIsSpelled)
 {
     QList<DesktopUploadDraft> drafts;
-    addDrafts(drafts, {QUrl(u"file:///a/b"_s), QUrl(u"file:///a/c/../b"_s)});
-    addDrafts(drafts, {QUrl(u"file://localhost/a//b"_s)});
+    addDrafts(drafts, files({QUrl(u"file:///a/b"_s), QUrl(u"file:///a/c/../b"_s)}));
+    addDrafts(drafts, files({QUrl(u"file://localhost/a//b"_s)}));
     EXPECT_EQ(addresses(drafts), QList{QUrl(u"file:///a/b"_s)});
 }
 
 TEST(AddDrafts, LeavesEarlierDraftsAsTheyAre)
 {
     QList<DesktopUploadDraft> drafts;
-    addDrafts(drafts, {QUrl(u"file:///a/b"_s)});
+    addDrafts(drafts, files({QUrl(u"file:///a/b"_s)}));
     drafts[0].label = u"typed"_s;
     const DesktopUploadDraft before = drafts[0];
-    addDrafts(drafts, {QUrl(u"file:///a/b"_s), QUrl(u"file:///a/c"_s)});
+    addDrafts(drafts, files({QUrl(u"file:///a/b"_s), QUrl(u"file:///a/c"_s)}));
     ASSERT_EQ(drafts.size(), 2);
     EXPECT_EQ(drafts[0], before);
     EXPECT_NE(drafts[0].id, drafts[1].id);
@@ -67,7 +70,8 @@ TEST(AddDrafts, IgnoresWhatIsNoLocalFile)
 {
     QList<DesktopUploadDraft> drafts;
     addDrafts(drafts,
-        {QUrl(), QUrl(u"https://example.com/a.pdf"_s), QUrl(u"file://otherhost/x"_s), QUrl(u"data:,x"_s)});
+        files({QUrl(), QUrl(u"https://example.com/a.pdf"_s), QUrl(u"file://otherhost/x"_s),
+            QUrl(u"data:,x"_s)}));
     EXPECT_TRUE(drafts.isEmpty());
 }
 
@@ -89,58 +93,43 @@ RC_GTEST_PROP(AddDraftsProperty, KeepsOrderAndNeverDoubles, ())
             if (!url.isEmpty() && !expected.contains(url))
                 expected.append(url);
         }
-        addDrafts(drafts, urls);
+        addDrafts(drafts, files(urls));
     }
     RC_ASSERT(addresses(drafts) == expected);
 }
 
-class DraftDetail : public testing::Test
+TEST(AddDrafts, KeepsTheSizes)
 {
-protected:
-    QString path(const QString& name) const { return folder.filePath(name); }
-    static QString detailOf(const QString& path)
-    {
-        DesktopUploadDraft draft;
-        draft.url = QUrl::fromLocalFile(path);
-        return draft.detail();
-    }
-    static void write(const QString& path, qint64 size)
-    {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QFile::WriteOnly));
-        ASSERT_TRUE(file.resize(size));
-    }
+    QList<DesktopUploadDraft> drafts;
+    addDrafts(drafts, {{QUrl(u"file:///a"_s), 12}, {QUrl(u"file:///b"_s)}});
+    ASSERT_EQ(drafts.size(), 2);
+    EXPECT_EQ(drafts[0].size, 12);
+    EXPECT_EQ(drafts[1].size, std::nullopt);
+}
 
-    QTemporaryDir folder;
+struct DetailRow : Named
+{
+    QString fileName;
+    std::optional<qint64> size;
+    QString detail;
 };
 
-TEST_F(DraftDetail, JoinsNameAndSize)
+class DraftDetail : public testing::TestWithParam<DetailRow>
+{ };
+
+TEST_P(DraftDetail, JoinsNameAndSize)
 {
-    write(path(u"deed.pdf"_s), 2'400'000);
-    EXPECT_EQ(detailOf(path(u"deed.pdf"_s)), u"deed.pdf • 2.4 MB"_s);
+    DesktopUploadDraft draft;
+    draft.url = QUrl::fromLocalFile(u"/folder/"_s + GetParam().fileName);
+    draft.size = GetParam().size;
+    EXPECT_EQ(draft.detail(), GetParam().detail);
 }
 
-TEST_F(DraftDetail, ShowsThatAFileIsEmpty)
-{
-    write(path(u"empty.txt"_s), 0);
-    EXPECT_EQ(detailOf(path(u"empty.txt"_s)), u"empty.txt • 0 bytes"_s);
-}
-
-TEST_F(DraftDetail, ShowsNamesAsTheyAreOnDisk)
-{
-    const QString name = u"a%22 \"b\" 😀.pdf"_s;
-    write(path(name), 1);
-    EXPECT_EQ(detailOf(path(name)), name + u" • 1 byte"_s);
-}
-
-TEST_F(DraftDetail, LeavesTheSizeOutOfWhatCannotBeRead)
-{
-    ASSERT_EQ(mkfifo(path(u"pipe"_s).toLocal8Bit().constData(), 0600), 0);
-    EXPECT_EQ(detailOf(path(u"pipe"_s)), u"pipe"_s);
-    EXPECT_EQ(detailOf(path(u"missing.pdf"_s)), u"missing.pdf"_s);
-    ASSERT_TRUE(QFile::link(path(u"nowhere"_s), path(u"dangling"_s)));
-    EXPECT_EQ(detailOf(path(u"dangling"_s)), u"dangling"_s);
-    EXPECT_EQ(detailOf(u"/dev/null"_s), u"null"_s);
-}
+INSTANTIATE_TEST_SUITE_P(Files, DraftDetail,
+    testing::Values(DetailRow{{"Usual"}, u"deed.pdf"_s, 2'400'000, u"deed.pdf • 2.4 MB"_s},
+        DetailRow{{"Empty"}, u"empty.txt"_s, 0, u"empty.txt • 0 bytes"_s},
+        DetailRow{{"NameAsItIsOnDisk"}, u"a%22 \"b\" 😀.pdf"_s, 1, u"a%22 \"b\" 😀.pdf • 1 byte"_s},
+        DetailRow{{"Unreadable"}, u"private.pdf"_s, std::nullopt, u"private.pdf"_s}),
+    RowName());
 
 } // namespace

@@ -97,6 +97,22 @@ INSTANTIATE_TEST_SUITE_P(Scalars, RefusedJSON,
         RefusedRow{{"Utf16"}, QByteArray("[\0]\0", 4)}),
     RowName());
 
+INSTANTIATE_TEST_SUITE_P(KindnessOfTheParser, RefusedJSON,
+    testing::Values(RefusedRow{{"NoWholePart"}, "[.5]"}, RefusedRow{{"NoWholePartNegative"}, "[-.5]"},
+        RefusedRow{{"NoFraction"}, "[1.]"}, RefusedRow{{"NoFractionNegative"}, "[-1.]"},
+        RefusedRow{{"NoFractionBeforeTheExponent"}, "[1.e2]"},
+        RefusedRow{{"NoWholePartInAnObject"}, R"({"a":.5})"}, RefusedRow{{"UnknownEscape"}, R"(["\x41"])"},
+        RefusedRow{{"EscapedLetter"}, R"(["\a"])"}, RefusedRow{{"EscapedCapital"}, R"(["\N"])"},
+        RefusedRow{{"EscapedTab"}, "[\"\\\t\"]"}, RefusedRow{{"EscapedNul"}, QByteArray("[\"\\\0\"]", 6)},
+        RefusedRow{{"EscapedByteThatIsNoAscii"}, "[\"\\\u00E9\"]"},
+        RefusedRow{{"UnknownEscapeInAKey"}, R"({"\q":1})"}, RefusedRow{{"Tab"}, "[\"a\tb\"]"},
+        RefusedRow{{"LineEnd"}, "[\"a\nb\"]"}, RefusedRow{{"Nul"}, QByteArray("[\"a\0b\"]", 7)},
+        RefusedRow{{"LastControlCharacter"}, "[\"\x1F\"]"},
+        RefusedRow{{"ControlCharacterInAKey"}, "{\"\x01\":1}"},
+        RefusedRow{
+            {"ControlCharacterInALongText"}, '"' + QByteArray(100, 'a') + '\n' + QByteArray(100, 'a')}),
+    RowName());
+
 QByteArray nested(int depth, const QByteArray& opening, const QByteArray& closing)
 {
     return opening.repeated(depth) + "1" + closing.repeated(depth);

@@ -91,6 +91,60 @@ TEST_P(Cancellation, MayComeFromWhoeverGotAnAnswer)
     EXPECT_FALSE(session);
 }
 
+/// A server that sends a byte now and then would keep such a request for as long as the program runs.
+TEST_P(Cancellation, EndsOneRequestWhenNobodyWaitsForItAnyMore)
+{
+    const auto server = serve(GetParam(), [](RawConnection& connection) {
+        const RawRequest request = connection.readRequest();
+        if (request.target() == "/other")
+            return connection.send(rawAnswer(200));
+        connection.send("HTTP/1.1 200 OK\r\nContent-Length: 1000000\r\n\r\n");
+        connection.trickle("x", std::chrono::milliseconds(1));
+    });
+    QPromise<void> leaving;
+    leaving.start();
+    Request request = get(server->url());
+    request.abandoned = leaving.future();
+    const Awaited<Response> answer(session->send(request));
+    runUntil([&] { return server->requests() == 1; });
+    EXPECT_FALSE(answer.isDone());
+    leaving.finish();
+    EXPECT_EQ(outcomeOf(answer), cancelled);
+    runUntil([&] { return server->ended() == 1; });
+    EXPECT_EQ(outcomeOf(*session, get(server->url(u"/other"_s))), answered(200)) << "nothing else ends";
+}
+
+TEST_P(Cancellation, OfWhatNobodyWaitsForFromTheStartIsNeverSent)
+{
+    const auto server = serve(GetParam(), stallOnceRead);
+    Request request = get(server->url());
+    {
+        QPromise<void> left;
+        left.start();
+        request.abandoned = left.future();
+    }
+    EXPECT_EQ(outcomeOf(*session, request), cancelled);
+    EXPECT_EQ(server->connections(), 0);
+}
+
+TEST_P(Cancellation, ChangesNothingOnceTheAnswerIsThere)
+{
+    const auto server = serve(GetParam(), [](RawConnection& connection) {
+        for (;;) {
+            connection.readRequest();
+            connection.send(rawAnswer(200));
+        }
+    });
+    QPromise<void> leaving;
+    leaving.start();
+    Request request = get(server->url());
+    request.abandoned = leaving.future();
+    EXPECT_EQ(outcomeOf(*session, request), answered(200));
+    leaving.finish();
+    EXPECT_EQ(outcomeOf(*session, get(server->url())), answered(200));
+    EXPECT_EQ(server->connections(), 1) << "the connection is still in use";
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Over, Cancellation, testing::Values(Transport::Plain, Transport::Tls), testing::PrintToStringParamName());
 

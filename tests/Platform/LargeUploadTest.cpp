@@ -1,29 +1,7 @@
 #include "UploadsTest.h"
+#include "support/PeakMemory.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// The most memory that this process has held since forgetPeak(), in bytes.
-qint64 peakMemory()
-{
-    QFile status(u"/proc/self/status"_s);
-    EXPECT_TRUE(status.open(QIODevice::ReadOnly));
-    for (const QByteArray& line : status.readAll().split('\n')) {
-        if (line.startsWith("VmHWM:"))
-            return line.simplified().split(' ').value(1).toLongLong() * 1024;
-    }
-    return 0;
-}
-
-/// \returns whether the system allows it
-bool forgetPeak()
-{
-    QFile file(u"/proc/self/clear_refs"_s);
-    return file.open(QIODevice::WriteOnly) && file.write("5") == 1;
-}
-
-} // namespace
 
 class LargeUpload : public Uploads
 { };
@@ -41,12 +19,12 @@ TEST_P(LargeUpload, TakesLittleMemory)
     const QString path = file(u"sparse"_s, {});
     ASSERT_TRUE(QFile::resize(path, size));
     EXPECT_EQ(outcomeOf(session, get(server->url())), answered(200));
-    if (!forgetPeak())
+    if (!PeakMemory::forget())
         GTEST_SKIP() << "the system does not let a process measure itself anew";
-    const qint64 before = peakMemory();
+    const qint64 before = PeakMemory::bytes();
     EXPECT_EQ(outcomeOf(session, upload(server->url(), path, size)), answered(200));
     EXPECT_GT(server->received(), size);
-    EXPECT_LT(peakMemory() - before, most);
+    EXPECT_LT(PeakMemory::bytes() - before, most);
 }
 
 INSTANTIATE_TEST_SUITE_P(

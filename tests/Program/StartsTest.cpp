@@ -1,10 +1,6 @@
-#include "Platform/SessionBus.h"
-#include "support/Await.h"
+#include "ProgramTest.h"
 
-#include <QDBusConnectionInterface>
-#include <QDBusServiceWatcher>
 #include <QDir>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
@@ -12,48 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString id = u"app.quorvel.Quorvel"_s;
-
-/// Starts of the real program, on a desktop without a screen and with a home of its own.
-class StartsTest : public SessionBusTest
-{
-protected:
-    void start(QProcess& program, const QStringList& arguments = {}) const
-    {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, address());
-        environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
-        environment.insert(u"HOME"_s, home.path());
-        for (const QString& variable : {u"XDG_CONFIG_HOME"_s, u"XDG_DATA_HOME"_s, u"XDG_CACHE_HOME"_s})
-            environment.insert(variable, home.path());
-        environment.insert(u"XDG_RUNTIME_DIR"_s, home.path());
-        program.setProcessEnvironment(environment);
-        program.start(QStringLiteral(QUORVEL_PROGRAM), arguments);
-    }
-    static int exitCodeOf(QProcess& program)
-    {
-        program.waitForFinished(-1);
-        return program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1;
-    }
-    /// Waits until a program has the name on the bus.
-    void waitForOwner()
-    {
-        QDBusConnection bus = connection(u"desktop"_s);
-        bool isOwned = false;
-        QDBusServiceWatcher watcher(id, bus, QDBusServiceWatcher::WatchForRegistration);
-        QObject::connect(
-            &watcher, &QDBusServiceWatcher::serviceRegistered, &watcher, [&isOwned] { isOwned = true; });
-        isOwned = isOwned || bus.interface()->isServiceRegistered(id);
-        runUntil([&isOwned] { return isOwned; });
-    }
-    static void end(QProcess& program)
-    {
-        program.kill();
-        program.waitForFinished(-1);
-    }
-
-    QTemporaryDir home;
-};
+using StartsTest = ProgramTest;
 
 TEST_F(StartsTest, FurtherStartsEndWellAndTheFirstGoesOn)
 {

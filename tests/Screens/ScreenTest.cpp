@@ -100,6 +100,14 @@ void ScreenTest::fail(qsizetype number, TransportError::Code code)
     settle();
 }
 
+QFuture<QList<FoundFile>> ScreenTest::lookNow(const QStringList& paths)
+{
+    QList<FoundFile> found;
+    for (const QString& path : paths)
+        found += FoundFile::at(path);
+    return QtFuture::makeReadyFuture(found);
+}
+
 QList<QString> ScreenTest::alertOf(const ScreenModel& model)
 {
     const std::optional<AlertMessage>& alert = model.alert.value();

@@ -59,6 +59,8 @@ protected:
     void answer(qsizetype number, const QByteArray& json, int status = 200);
     void fail(qsizetype number, TransportError::Code code = TransportError::Code::TimedOut);
 
+    static QFuture<QList<FoundFile>> lookNow(const QStringList& paths);
+
     /// The texts of the alert, title first; empty when there is none.
     static QList<QString> alertOf(const ScreenModel& model);
 
@@ -79,6 +81,8 @@ protected:
     QProperty<std::optional<AlertMessage>> notice;
     /// What the screens take for the current moment.
     QDateTime now = QDateTime::fromString(QStringLiteral("2025-06-02T12:00:00Z"), Qt::ISODate);
-    ScreenContext context{
-        auth, router, systemOpen, backend, leaving, launchAtLogin, notice, [this] { return now; }};
+    /// The disk as the screens see it, which answers at once unless the test makes it hang.
+    std::function<QFuture<QList<FoundFile>>(const QStringList&)> disk = &lookNow;
+    ScreenContext context{auth, router, systemOpen, backend, leaving, launchAtLogin, notice,
+        [this] { return now; }, [this](const QStringList& paths) { return disk(paths); }};
 };

@@ -58,6 +58,17 @@ TEST_P(Operations, SendExactlyTheirRequest)
     EXPECT_EQ(session->count(), 1) << "an operation is one request";
 }
 
+TEST_P(Operations, EndWithWhoeverWaitsOnlyWhereTheyRead)
+{
+    QPromise<void> leaving;
+    leaving.start();
+    GetParam().call(APIClient(backend, leaving.future()));
+    ASSERT_EQ(session->count(), 1);
+    EXPECT_FALSE(session->isAbandoned(0));
+    leaving.finish();
+    EXPECT_EQ(session->isAbandoned(0), GetParam().line.startsWith("GET "));
+}
+
 /// What a screen has put together; it is sent unchanged.
 const QJsonObject payload{{u"z"_s, 1}, {u"a"_s, u" as typed "_s}};
 const QByteArray payloadJSON = R"({"z":1,"a":" as typed "})";

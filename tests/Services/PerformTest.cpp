@@ -144,6 +144,13 @@ TEST_F(Perform, ReadsALargeAnswerOffTheMainThread)
     EXPECT_EQ(call.result().first().raw.string(u"note"_s).size(), 200000);
 }
 
+TEST_F(Perform, WhatWouldTakeTooMuchMemoryIsUnreadable)
+{
+    const Awaited<QList<SessionSummary>> call(api.getSessions({}, {}, token));
+    answer(0, '[' + QByteArray("{},").repeated(6'000'000) + "{}]");
+    EXPECT_EQ(failureOf(call), unreadable);
+}
+
 TEST_F(Perform, ReadsALargeTextOffTheMainThread)
 {
     const Awaited<QList<SessionSummary>> call(api.getSessions({}, {}, token));

@@ -1,5 +1,7 @@
 #include "EventLoop.h"
 
+#include "Worker.h"
+
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QThreadPool>
@@ -10,6 +12,7 @@ void settle()
     bool didSomething = true;
     while (didSomething) {
         QThreadPool::globalInstance()->waitForDone();
+        diskPool().waitForDone();
         QCoreApplication::sendPostedEvents();
         // Without a running loop nobody else carries out a deleteLater().
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -1,4 +1,4 @@
 #pragma once
 
-/// Runs the event loop and the worker pool until neither has anything left to do.
+/// Runs the event loop and the worker pools until none has anything left to do.
 void settle();

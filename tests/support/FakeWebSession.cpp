@@ -87,6 +87,12 @@ QByteArray FakeWebSession::header(qsizetype number, const QByteArray& name)
     return values.join(", ");
 }
 
+bool FakeWebSession::isAbandoned(qsizetype number)
+{
+    const std::optional<QFuture<void>>& abandoned = request(number).abandoned;
+    return abandoned && abandoned->isFinished();
+}
+
 void FakeWebSession::answer(qsizetype number, int status, const QByteArray& body)
 {
     resolve(number, Response{status, body});

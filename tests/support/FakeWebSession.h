@@ -35,6 +35,10 @@ public:
     /// The value of its header; empty without one, and all values joined by commas when there are several.
     QByteArray header(qsizetype number, const QByteArray& name);
 
+    /// Whether its maker has told that nobody waits for the answer any more. A real session ends such a
+    /// request then, unless it has been answered already, which is what happens here.
+    bool isAbandoned(qsizetype number);
+
     /// Resolves a request that must be waiting.
     void answer(qsizetype number, int status, const QByteArray& body);
     /// An answer that is no usable reply of the protocol.

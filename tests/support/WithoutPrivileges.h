@@ -1,9 +1,10 @@
 #pragma once
 
-#include <sys/fsuid.h>
+#include <QtGlobal>
+
 #include <unistd.h>
 
-/// Lets the superuser's thread meet files as an ordinary user does, who may not read what its owner has
+/// Lets the superuser's program meet files as an ordinary user does, who may not read what its owner has
 /// closed. For anybody else nothing changes.
 class WithoutPrivileges
 {
@@ -12,12 +13,17 @@ public:
     {
         constexpr uid_t nobody = 65534;
         if (before_ == 0)
-            setfsuid(nobody);
+            isOrdinary_ = seteuid(nobody) == 0;
     }
     WithoutPrivileges(const WithoutPrivileges&) = delete;
     WithoutPrivileges& operator=(const WithoutPrivileges&) = delete;
-    ~WithoutPrivileges() { setfsuid(before_); }
+    ~WithoutPrivileges()
+    {
+        if (isOrdinary_ && seteuid(before_) != 0)
+            qFatal("the privileges that were put aside are not to be had again");
+    }
 
 private:
     const uid_t before_ = geteuid();
+    bool isOrdinary_ = false;
 };

@@ -58,7 +58,7 @@ QCoro::Task<> SettingsContentModel::loadProfile()
         co_return;
     const Turn turn = loads_.next();
     const std::optional<AppRole> noHint;
-    const APIClient client = api();
+    const APIClient client = api(turn);
     try {
         const JSONObject profile = co_await client.getProfile(user->idToken, noHint);
         if (!turn.isOver())

@@ -63,6 +63,9 @@ public:
     void contactSupport();
     void visitWebsite();
 
+protected:
+    void left() override { loads_.next(); }
+
 private:
     void fill(const JSONObject& profile);
     void forget();

@@ -25,6 +25,7 @@ static constexpr int signInWidth = 120;
 SettingsContentView::SettingsContentView(std::shared_ptr<SettingsContentModel> model, QWidget* parent)
     : QStackedWidget(parent), model_(std::move(model))
 {
+    model_->beginView();
     addWidget(makeSignedOut());
     addWidget(makeSignedIn());
     follow(this, model_->context().auth.user,
@@ -40,6 +41,11 @@ SettingsContentView::SettingsContentView(std::shared_ptr<SettingsContentModel> m
         const std::shared_ptr<SettingsContentModel> watched = weak.lock();
         return watched ? watched->unfinished() : LeaveGuard::Unfinished::nothing;
     });
+}
+
+SettingsContentView::~SettingsContentView()
+{
+    model_->endView();
 }
 
 void SettingsContentView::showUser(bool isSignedIn)

@@ -11,6 +11,7 @@ class SettingsContentView : public QStackedWidget
 
 public:
     explicit SettingsContentView(std::shared_ptr<SettingsContentModel> model, QWidget* parent = nullptr);
+    ~SettingsContentView() override;
 
 protected:
     void showEvent(QShowEvent* event) override;

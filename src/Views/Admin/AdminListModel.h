@@ -92,7 +92,7 @@ public:
     void select(qint64 row) override;
 
 protected:
-    QCoro::Task<Store> fetch(QString idToken) override;
+    QCoro::Task<Store> fetch(APIClient client, QString idToken) override;
 
 private:
     static RowListModel::Content rowsOf(const QList<Record>& records, RowTexts (*row)(const Record&));
@@ -111,9 +111,9 @@ private:
 };
 
 template <typename Record, typename Detail>
-QCoro::Task<typename AdminListOf<Record, Detail>::Store> AdminListOf<Record, Detail>::fetch(QString idToken)
+QCoro::Task<typename AdminListOf<Record, Detail>::Store> AdminListOf<Record, Detail>::fetch(
+    APIClient client, QString idToken)
 {
-    const APIClient client = api();
     const QList<Record> received = co_await (client.*kind_.request)(idToken);
     auto deriving = [received, row = kind_.row] { return rowsOf(received, row); };
     const QFuture<RowListModel::Content> derived = onWorker(std::move(deriving));

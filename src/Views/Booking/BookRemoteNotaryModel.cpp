@@ -203,7 +203,7 @@ QCoro::Task<> BookRemoteNotaryModel::prefill()
     emit signerChanged(0);
     const Turn turn = prefills_.next();
     try {
-        const JSONObject answer = co_await api().getProfile(user->idToken, std::nullopt);
+        const JSONObject answer = co_await api(turn).getProfile(user->idToken, std::nullopt);
         if (!turn.isOver())
             prefillFrom(answer, *user);
     } catch (const AppError& error) {

@@ -42,11 +42,11 @@ QList<Shortcut> AdminDashboardModel::shortcuts() const
     };
 }
 
-QCoro::Task<DashboardModel::Store> AdminDashboardModel::fetch(QString idToken)
+QCoro::Task<DashboardModel::Store> AdminDashboardModel::fetch(APIClient client, QString idToken)
 {
-    auto sessionsTask = started(api(), &APIClient::getSessions, u"admin_all"_s, QString(), idToken);
-    auto recordsTask = started(api(), &APIClient::getAdminRecords, idToken);
-    auto usersTask = started(api(), &APIClient::getAdminUsers, idToken);
+    auto sessionsTask = started(client, &APIClient::getSessions, u"admin_all"_s, QString(), idToken);
+    auto recordsTask = started(client, &APIClient::getAdminRecords, idToken);
+    auto usersTask = started(client, &APIClient::getAdminUsers, idToken);
     QList<SessionSummary> sessions = co_await sessionsTask;
     QList<AdminRecordItem> records = co_await recordsTask;
     QList<AdminUserRecord> users = co_await usersTask;

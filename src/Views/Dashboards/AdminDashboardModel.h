@@ -24,7 +24,7 @@ public:
     void viewAllSessions() { router().open(AppSection::sessions); }
 
 protected:
-    QCoro::Task<Store> fetch(QString idToken) override;
+    QCoro::Task<Store> fetch(APIClient client, QString idToken) override;
 
 private:
     QList<SessionSummary> sessions_;

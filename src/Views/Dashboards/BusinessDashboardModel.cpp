@@ -31,10 +31,10 @@ QList<Shortcut> BusinessDashboardModel::shortcuts() const
     };
 }
 
-QCoro::Task<DashboardModel::Store> BusinessDashboardModel::fetch(QString idToken)
+QCoro::Task<DashboardModel::Store> BusinessDashboardModel::fetch(APIClient client, QString idToken)
 {
-    auto sessionsTask = started(api(), &APIClient::getSessions, u"business"_s, QString(), idToken);
-    auto clientsTask = started(api(), &APIClient::getBusinessClients, idToken);
+    auto sessionsTask = started(client, &APIClient::getSessions, u"business"_s, QString(), idToken);
+    auto clientsTask = started(client, &APIClient::getBusinessClients, idToken);
     QList<SessionSummary> sessions = co_await sessionsTask;
     QList<JSONObject> clients = co_await clientsTask;
     auto preparing = [clients] { return DashboardRows::of(clients, DashboardRows::businessClient); };

@@ -20,7 +20,7 @@ public:
     RowListModel& clientRows() { return clientRows_; }
 
 protected:
-    QCoro::Task<Store> fetch(QString idToken) override;
+    QCoro::Task<Store> fetch(APIClient client, QString idToken) override;
 
 private:
     QList<SessionSummary> sessions_;

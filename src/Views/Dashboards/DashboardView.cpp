@@ -21,6 +21,7 @@ static constexpr int widest = 1120;
 DashboardView::DashboardView(std::shared_ptr<DashboardModel> model, QWidget* parent)
     : Page(widest, parent), model_(std::move(model))
 {
+    model_->beginView();
     keepSpacing();
     const DashboardModel::Texts texts = model_->texts();
     column()->addWidget(new WorkspaceHero({}, texts.title, texts.subtitle));
@@ -29,6 +30,11 @@ DashboardView::DashboardView(std::shared_ptr<DashboardModel> model, QWidget* par
     connect(model_.get(), &DashboardModel::loaded, this, &DashboardView::updateTiles);
     presentAlerts(this, model_->alert, [model = model_] { model->dismissAlert(); });
     onRefreshKeys(this, [this] { launch(model_->load()); });
+}
+
+DashboardView::~DashboardView()
+{
+    model_->endView();
 }
 
 void DashboardView::showEvent(QShowEvent* event)

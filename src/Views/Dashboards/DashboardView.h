@@ -10,11 +10,13 @@ class RowList;
 class RowListModel;
 
 /// What the dashboards of the three roles share: the header, the tiles, the shortcuts, and under them cards
-/// with short lists. It loads each time it is shown, be it by
-/// its window, and again with F5.
+/// with short lists. It loads each time it is shown, be it by its window, and again with F5.
 class DashboardView : public Page
 {
     Q_OBJECT
+
+public:
+    ~DashboardView() override;
 
 protected:
     explicit DashboardView(std::shared_ptr<DashboardModel> model, QWidget* parent = nullptr);

@@ -44,10 +44,10 @@ QList<Shortcut> NotaryDashboardModel::shortcuts() const
     };
 }
 
-QCoro::Task<DashboardModel::Store> NotaryDashboardModel::fetch(QString idToken)
+QCoro::Task<DashboardModel::Store> NotaryDashboardModel::fetch(APIClient client, QString idToken)
 {
-    auto assignedTask = started(api(), &APIClient::getSessions, u"notary_assigned"_s, QString(), idToken);
-    auto openTask = started(api(), &APIClient::getSessions, u"notary_open"_s, QString(), idToken);
+    auto assignedTask = started(client, &APIClient::getSessions, u"notary_assigned"_s, QString(), idToken);
+    auto openTask = started(client, &APIClient::getSessions, u"notary_open"_s, QString(), idToken);
     Lists received;
     received.assignments = co_await assignedTask;
     received.openCalls = co_await openTask;

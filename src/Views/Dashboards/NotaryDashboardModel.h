@@ -39,7 +39,7 @@ signals:
     void acceptingChanged();
 
 protected:
-    QCoro::Task<Store> fetch(QString idToken) override;
+    QCoro::Task<Store> fetch(APIClient client, QString idToken) override;
 
 private:
     struct Lists;

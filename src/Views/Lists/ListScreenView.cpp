@@ -18,6 +18,7 @@ ListScreenView::ListScreenView(std::shared_ptr<ListScreenModel> model, const Lis
     : QWidget(parent), model_(std::move(model)), makeDetail_(std::move(makeDetail)),
       lists_(new ListDetailView(texts, model_->rows(), rowShape))
 {
+    model_->beginView();
     setLayout(Layouts::column(0, {lists_}));
     bind(lists_->searchField(), model_->search);
     addShortcuts();
@@ -37,6 +38,7 @@ ListScreenView::~ListScreenView()
 {
     // A list that loses the focus as it goes still asks for the row that the person had come to.
     lists_->list()->disconnect(this);
+    model_->endView();
 }
 
 void ListScreenView::showEvent(QShowEvent* event)

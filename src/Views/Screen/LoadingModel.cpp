@@ -7,12 +7,13 @@ QCoro::Task<> LoadingModel::load()
 {
     const auto self = keep(this);
     const std::optional<AuthUser> user = signedInUser();
-    if (!user)
+    if (!user || isLeft_)
         co_return;
-    const Turn turn = loads_.next();
+    const Turn turn = loads_.beside();
     isLoading = true;
     try {
-        const Store store = co_await fetch(user->idToken);
+        const APIClient client = api(turn);
+        const Store store = co_await fetch(client, user->idToken);
         if (!turn.isOvertaken()) {
             loads_.finish(turn);
             store();
@@ -22,8 +23,15 @@ QCoro::Task<> LoadingModel::load()
         if (!turn.isOvertaken())
             fail(loadFailureTitle(), error);
     }
+    loads_.end(turn);
     if (turn.isNewest())
         isLoading = false;
+}
+
+void LoadingModel::left()
+{
+    isLeft_ = true;
+    outdateLoads();
 }
 
 void LoadingModel::loadChange()

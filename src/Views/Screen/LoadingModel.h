@@ -5,7 +5,8 @@
 #include <functional>
 
 /// A screen that shows what a load brings. Loads may overlap: each stores its results when it is complete,
-/// unless a newer one has done so before. A failed one leaves what was there as it was.
+/// unless a newer one has done so before. A failed one leaves what was there as it was. One that can no
+/// longer bring anything, because the screen has been left or for another reason, ends its requests.
 class LoadingModel : public ScreenModel
 {
     Q_OBJECT
@@ -26,8 +27,9 @@ protected:
     using Store = std::function<void()>;
 
     /// Makes the requests of a load and prepares what they bring.
+    /// \param client  makes requests that end with the load
     /// \throws AppError of the first that failed
-    virtual QCoro::Task<Store> fetch(QString idToken) = 0;
+    virtual QCoro::Task<Store> fetch(APIClient client, QString idToken) = 0;
     /// Of the alert when a load failed.
     virtual QString loadFailureTitle() const = 0;
 
@@ -35,7 +37,10 @@ protected:
     void outdateLoads() { loads_.outdate(); }
     /// Loads what has changed.
     void loadChange();
+    void entered() override { isLeft_ = false; }
+    void left() override;
 
 private:
     Turns loads_;
+    bool isLeft_ = false;
 };

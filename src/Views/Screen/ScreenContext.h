@@ -3,6 +3,7 @@
 #include "AlertMessage.h"
 #include "AppRouter.h"
 #include "AuthManager.h"
+#include "FoundFile.h"
 #include "LaunchAtLogin.h"
 #include "Screen/LeaveGuard.h"
 #include "SystemOpen.h"
@@ -25,4 +26,6 @@ struct ScreenContext
     QProperty<std::optional<AlertMessage>>& notice;
     /// The current moment; tests bring their own.
     std::function<QDateTime()> now = [] { return QDateTime::currentDateTimeUtc(); };
+    /// What is found at these paths, in their order; tests let the disk hang.
+    std::function<QFuture<QList<FoundFile>>(const QStringList& paths)> lookAtFiles = &FoundFile::atAll;
 };

@@ -2,6 +2,18 @@
 
 #include "AppError.h"
 
+void ScreenModel::beginView()
+{
+    if (++views_ == 1)
+        entered();
+}
+
+void ScreenModel::endView()
+{
+    if (--views_ == 0)
+        left();
+}
+
 std::optional<AuthUser> ScreenModel::signedInUser()
 {
     std::optional<AuthUser> user = auth().user.value();

@@ -25,7 +25,16 @@ public:
     virtual bool hasUnsentWork() const { return false; }
     void dismissAlert() { alert = std::nullopt; }
 
+    /// A view begins and ends to show this. With the end of the last one the screen has been left.
+    void beginView();
+    void endView();
+
 protected:
+    /// The first view has come.
+    virtual void entered() { }
+    /// The last view has gone: what is being read for it is not waited for. What is being written goes on.
+    virtual void left() { }
+
     /// The signed-in user; when there is none, signs out so that every gate closes.
     std::optional<AuthUser> signedInUser();
     /// Signs out when the error says that the session ended; else shows it under the operation's own title.
@@ -38,6 +47,8 @@ protected:
     AuthManager& auth() { return context_.auth; }
     AppRouter& router() { return context_.router; }
     APIClient api() const { return APIClient(context_.backend); }
+    /// A client whose reads end with the turn.
+    APIClient api(const Turn& turn) const { return APIClient(context_.backend, turn.abandoned()); }
     const SignInEpoch& epoch() const { return context_.backend.epoch; }
 
     /// This model, kept alive by whoever holds the result.
@@ -49,4 +60,5 @@ protected:
 
 private:
     ScreenContext context_;
+    int views_ = 0;
 };

@@ -90,7 +90,7 @@ QCoro::Task<> SessionDetailModel::load()
 
 QCoro::Task<> SessionDetailModel::loadAll(Turn turn, QString token)
 {
-    SessionSummary session = co_await api().getSession(sessionId_, token);
+    SessionSummary session = co_await api(turn).getSession(sessionId_, token);
     if (turn.isOver())
         co_return;
     show(std::move(session));
@@ -101,7 +101,7 @@ QCoro::Task<> SessionDetailModel::loadAll(Turn turn, QString token)
     co_await documents_->receive(token);
     if (turn.isOver() || !hasAdminControls())
         co_return;
-    QList<RemoteNotaryOption> notaries = co_await api().getAdminNotaries(token);
+    QList<RemoteNotaryOption> notaries = co_await api(turn).getAdminNotaries(token);
     if (turn.isOver())
         co_return;
     notaries_ = std::move(notaries);
@@ -122,18 +122,6 @@ void SessionDetailModel::reopen()
     EditPaneModel::reopen();
     messages_->reopen();
     documents_->reopen();
-}
-
-void SessionDetailModel::beginView()
-{
-    ++views_;
-    reopen();
-}
-
-void SessionDetailModel::endView()
-{
-    if (--views_ == 0)
-        close();
 }
 
 /// The first failure has ended the load: the parts behind it have not been asked for.

@@ -73,9 +73,6 @@ public:
     /// What is being loaded counts no longer, and no more is asked for.
     void close() override;
     void reopen() override;
-    /// A view begins and ends to show the session; it is closed with the last of them.
-    void beginView();
-    void endView();
 
 signals:
     /// The record was loaded.
@@ -84,6 +81,8 @@ signals:
 
 protected:
     void loadAgain() override;
+    void entered() override { reopen(); }
+    void left() override { close(); }
 
 private:
     template <typename Self, typename Visit>
@@ -95,7 +94,6 @@ private:
     void passOverTheRest();
 
     qint64 sessionId_;
-    int views_ = 0;
     std::optional<SessionSummary> session_;
     QList<RemoteNotaryOption> notaries_;
     std::shared_ptr<SessionMessagesModel> messages_;

@@ -32,7 +32,8 @@ QCoro::Task<> SessionDocumentsModel::receive(QString idToken)
     const Turn turn = loads_.next();
     isMissing = false;
     try {
-        const QList<RemoteDocumentUpload> received = co_await api().getSessionDocuments(sessionId_, idToken);
+        const QList<RemoteDocumentUpload> received
+            = co_await api(turn).getSessionDocuments(sessionId_, idToken);
         if (!turn.isOver())
             setDocuments(received);
     } catch (const AppError&) {

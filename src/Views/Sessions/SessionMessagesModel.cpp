@@ -35,7 +35,7 @@ QCoro::Task<> SessionMessagesModel::receive(QString idToken)
     const Turn turn = loads_.next();
     isMissing = false;
     try {
-        const QList<SessionMessage> received = co_await api().getSessionMessages(sessionId_, idToken);
+        const QList<SessionMessage> received = co_await api(turn).getSessionMessages(sessionId_, idToken);
         if (!turn.isOver())
             setMessages(received);
     } catch (const AppError&) {

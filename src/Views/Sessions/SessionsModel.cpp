@@ -92,10 +92,10 @@ QString SessionsModel::loadFailureTitle() const
     return u"Cannot Load Sessions"_s;
 }
 
-QCoro::Task<SessionsModel::Store> SessionsModel::fetch(QString idToken)
+QCoro::Task<SessionsModel::Store> SessionsModel::fetch(APIClient client, QString idToken)
 {
     const QString scope = roleTexts(role.value()).scope;
-    QList<SessionSummary> received = co_await api().getSessions(scope, QString(), idToken);
+    QList<SessionSummary> received = co_await client.getSessions(scope, QString(), idToken);
     auto preparing = [received = std::move(received)]() mutable { return prepare(std::move(received)); };
     const QFuture<Loaded> prepared = onWorker(std::move(preparing));
     const Loaded loaded = co_await prepared;

@@ -44,7 +44,7 @@ public:
     void refresh() override;
 
 protected:
-    QCoro::Task<Store> fetch(QString idToken) override;
+    QCoro::Task<Store> fetch(APIClient client, QString idToken) override;
     QString loadFailureTitle() const override;
 
 private:

@@ -1,26 +1,45 @@
 #include "Uploads/UploadsModel.h"
 
 #include "AppError.h"
+#include "Launch.h"
 
-#include <QFileInfo>
+#include <QCoroFuture>
 
 #include <algorithm>
-#include <iterator>
 
 using namespace Qt::StringLiterals;
 
 void UploadsModel::addUploads(const QList<QUrl>& files)
 {
-    addDrafts(pendingUploads_, files);
-    emit uploadsChanged();
+    launch(add(files, Kind::any));
 }
 
 void UploadsModel::addRegularFiles(const QList<QUrl>& addresses)
 {
-    QList<QUrl> regular;
-    std::copy_if(addresses.begin(), addresses.end(), std::back_inserter(regular),
-        [](const QUrl& file) { return QFileInfo(file.toLocalFile()).isFile(); });
-    addUploads(regular);
+    launch(add(addresses, Kind::regular));
+}
+
+QCoro::Task<> UploadsModel::add(QList<QUrl> files, Kind kind)
+{
+    const auto self = keep(this);
+    const Turn turn = additions_.beside();
+    QStringList paths;
+    paths.reserve(files.size());
+    for (const QUrl& file : files)
+        paths += file.toLocalFile();
+    const QFuture<QList<FoundFile>> look = context().lookAtFiles(paths);
+    const QList<FoundFile> found = co_await look;
+    const bool isWanted = !turn.isOvertaken();
+    additions_.end(turn);
+    if (!isWanted)
+        co_return;
+    QList<AttachedFile> attached;
+    for (qsizetype k = 0; k < files.size(); ++k) {
+        if (kind == Kind::any || found.at(k).isRegular)
+            attached += {files.at(k), found.at(k).size};
+    }
+    addDrafts(pendingUploads_, attached);
+    emit uploadsChanged();
 }
 
 DesktopUploadDraft* UploadsModel::findUpload(const QUuid& id)
@@ -56,13 +75,9 @@ void UploadsModel::removeUploads(const QList<QUuid>& ids)
 
 void UploadsModel::clearUploads()
 {
+    additions_.outdate();
     pendingUploads_.clear();
     emit uploadsChanged();
-}
-
-static qint64 sizeOf(const DesktopUploadDraft& draft)
-{
-    return QFileInfo(draft.url.toLocalFile()).size();
 }
 
 /// How far the whole has come while a file is sent.
@@ -77,39 +92,43 @@ QCoro::Task<> UploadsModel::sendUploads(qint64 sessionId, SentUploads sent, Turn
 {
     const QList<DesktopUploadDraft> pending = pendingUploads_;
     for (qsizetype k = 0; k < pending.size(); ++k) {
+        const QUuid id = pending.at(k).id;
+        if (!findUpload(id) || sent->contains(id))
+            continue;
+        const QStringList path(pending.at(k).url.toLocalFile());
+        const QFuture<QList<FoundFile>> look = context().lookAtFiles(path);
+        const QList<FoundFile> onDisk = co_await look;
+        if (turn.isOver())
+            co_return;
         // Looked up anew: the person may have edited the draft, or taken it off the list.
-        const DesktopUploadDraft* found = findUpload(pending.at(k).id);
+        const DesktopUploadDraft* found = findUpload(id);
         if (!found)
             continue;
         const DesktopUploadDraft draft = *found;
-        if (!sent->contains(draft.id)) {
-            const qint64 size = sizeOf(draft);
-            const QString text = u"Uploading %1 of %2: "_s.arg(k + 1).arg(pending.size()) + draft.fileName();
-            Request::Progress progress
-                = [this, turn, text, k, count = pending.size(), size](qint64 bytes, qint64) {
-                      showUploadProgress(turn, text, shareOf(k, count, bytes, size));
-                  };
-            progress(0, size);
-            co_await sendUpload(draft, sessionId, progress, token);
-            sent->append(draft.id);
-            if (turn.isOver())
-                co_return;
-        }
+        const qint64 size = onDisk.constFirst().size.value_or(0);
+        const QString text = u"Uploading %1 of %2: "_s.arg(k + 1).arg(pending.size()) + draft.fileName();
+        Request::Progress progress
+            = [this, turn, text, k, count = pending.size(), size](
+                  qint64 bytes, qint64) { showUploadProgress(turn, text, shareOf(k, count, bytes, size)); };
+        progress(0, size);
+        co_await sendUpload(draft, onDisk.constFirst(), sessionId, progress, token);
+        sent->append(id);
+        if (turn.isOver())
+            co_return;
     }
 }
 
 QCoro::Task<> UploadsModel::sendUpload(
-    DesktopUploadDraft draft, qint64 sessionId, Request::Progress progress, QString token)
+    DesktopUploadDraft draft, FoundFile found, qint64 sessionId, Request::Progress progress, QString token)
 {
-    const QFileInfo info(draft.url.toLocalFile());
-    if (!info.isFile() || !info.isReadable())
+    if (!found.size)
         throw AppError(u"One of the attached files could not be read. It may have been moved or deleted."_s);
     MultipartFile file;
     file.fieldName = u"desktop_files[]"_s;
     file.fileName = draft.fileName();
     file.mimeType = DesktopFileHelpers::mimeType(draft.url);
-    file.data.path = info.filePath();
-    file.data.size = info.size();
+    file.data.path = draft.url.toLocalFile();
+    file.data.size = *found.size;
     const QList<MultipartFile> files(1, file);
     co_await api().uploadSessionFiles(sessionId, draft.label, draft.category, files, token, progress);
 }

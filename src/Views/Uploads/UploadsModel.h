@@ -10,7 +10,7 @@ class UploadsModel : public ScreenModel
     Q_OBJECT
 
 public:
-    using ScreenModel::ScreenModel;
+    explicit UploadsModel(const ScreenContext& context) : ScreenModel(context), additions_(epoch()) { }
 
     QProperty<bool> isDropTarget{false};
     QProperty<QString> uploadProgressText;
@@ -18,7 +18,8 @@ public:
     QProperty<double> uploadProgress{0};
 
     const QList<DesktopUploadDraft>& pendingUploads() const { return pendingUploads_; }
-    /// Appends a draft for each file that has none yet.
+    /// Appends a draft for each file that has none yet, once the disk has told about all of them. Files that
+    /// are added later do not wait for that.
     void addUploads(const QList<QUrl>& files);
     /// Passes over a folder, a pipe or a device among the addresses: only regular files can be sent.
     void addRegularFiles(const QList<QUrl>& addresses);
@@ -45,9 +46,17 @@ protected:
     void showUploadProgress(const Turn& turn, const QString& text, double done);
 
 private:
+    enum class Kind
+    {
+        any,
+        regular
+    };
+
+    QCoro::Task<> add(QList<QUrl> files, Kind kind);
     DesktopUploadDraft* findUpload(const QUuid& id);
-    QCoro::Task<> sendUpload(
-        DesktopUploadDraft draft, qint64 sessionId, Request::Progress progress, QString token);
+    QCoro::Task<> sendUpload(DesktopUploadDraft draft, FoundFile found, qint64 sessionId,
+        Request::Progress progress, QString token);
 
     QList<DesktopUploadDraft> pendingUploads_;
+    Turns additions_;
 };
