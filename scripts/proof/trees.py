@@ -23,7 +23,8 @@ def install():
 def build(preset, *targets):
     """Of the tree of a preset in CMakePresets.json."""
     tree = {"developer": TESTED, "threads": THREADS}[preset]
-    call(f"build-{preset}", ["cmake", "--preset", preset])
+    if not (tree / "build.ninja").exists():
+        call(f"build-{preset}", ["cmake", "--preset", preset])
     call(f"build-{preset}", ["cmake", "--build", tree, "--target", *targets])
     return tree / "bin"
 

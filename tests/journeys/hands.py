@@ -61,6 +61,12 @@ def resize_active_window(width, height):
     _xdotool("getactivewindow", "windowsize", str(width), str(height))
 
 
+def active_process():
+    """The process whose window takes the keys and has come to the front, or None."""
+    found = subprocess.run(["xdotool", "getactivewindow", "getwindowpid"], capture_output=True, text=True, check=False)
+    return int(found.stdout) if found.returncode == 0 else None
+
+
 def close_active_window():
     """As the window manager's own close button does."""
     _xdotool("key", "alt+F4")

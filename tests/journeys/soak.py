@@ -35,21 +35,24 @@ WIDTH, HEIGHT = 72, 12
 
 
 class Soak:
-    """One run. `curve` is a list of (seconds, KiB), one for each round."""
+    """One run. `curve` is a list of (seconds, KiB), one for each round; `file` gets them as they come."""
 
-    def __init__(self, build, desktop, album):
+    def __init__(self, build, desktop, album, file):
         bridge = Bridge(build, desktop.folder / "bridge", desktop,
                         ("--id-token-lifetime", str(TOKEN_LIFETIME_SECONDS)))
         client = Client(build, desktop, bridge)
         self.stage = Stage(client, bridge, album, Inspector(), Tray(desktop), "light", set())
         self.curve = []
+        self._writer = csv.writer(file)
+        self._writer.writerow(("seconds", "private_dirty_kib"))
 
     def run(self, minutes):
         self.stage.enter(DEMO_ADMIN)
         began = time.monotonic()
         while len(self.curve) < LEAST_ROUNDS or time.monotonic() - began < 60 * minutes:
             self._round()
-            self.curve.append((time.monotonic() - began, self._private_kib()))
+            self.curve.append((round(time.monotonic() - began), self._private_kib()))
+            self._writer.writerow(self.curve[-1])
         leaving.quit_from_tray(self.stage)
 
     def _round(self):
@@ -61,6 +64,8 @@ class Soak:
         self.stage.client.wait_until_closed()
         self.stage.tray.choose("Sessions")
         self.stage.wait_for_section("Sessions")
+        # Before it is in front, a click goes to whatever is there.
+        wait_for(lambda: hands.active_process() == self.stage.client.process.pid, "the window to come to the front")
         self.stage.open("Dashboard")
 
     def _read_sessions(self):
@@ -95,7 +100,7 @@ def plot(curve):
     lines = [f"{top * level / HEIGHT / 1024:7.1f} MiB |"
              + "".join("#" if kib * HEIGHT >= top * (level - 0.5) else " " for kib in columns).rstrip()
              for level in range(HEIGHT, 0, -1)]
-    return "\n".join([*lines, " " * 12 + "+" + "-" * WIDTH, f"{'':13}{len(curve)} rounds in {curve[-1][0]:.0f} s"])
+    return "\n".join([*lines, " " * 12 + "+" + "-" * WIDTH, f"{'':13}{len(curve)} rounds in {curve[-1][0]} s"])
 
 
 def main():
@@ -108,18 +113,17 @@ def main():
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
     build, output = arguments.build.resolve(), arguments.output.resolve()
     take_own_network()
-    with Desktop() as desktop:
+    output.parent.mkdir(parents=True, exist_ok=True)
+    with Desktop() as desktop, output.with_suffix(".csv").open("w", encoding="ascii", newline="", buffering=1) as file:
         album = Album(output.parent / "soak", desktop.frame_buffer)
         try:
-            soak = Soak(build, desktop, album)
+            soak = Soak(build, desktop, album, file)
             soak.run(arguments.minutes)
         except NoWayToBridge as obstacle:
             sys.exit(str(obstacle))
         except Exception:
             print(f"The screen when it failed: {album.take_failure()}", file=sys.stderr)
             raise
-    with output.with_suffix(".csv").open("w", encoding="ascii", newline="") as file:
-        csv.writer(file).writerows([("seconds", "private_dirty_kib"), *soak.curve])
     output.with_suffix(".txt").write_text(plot(soak.curve) + "\n", encoding="ascii")
     grown = growth(soak.curve)
     print(plot(soak.curve))
