@@ -8,9 +8,9 @@
 #include "Http/MultipartReader.h"
 #include "Http/Problem.h"
 #include "Http/Router.h"
-#include "Http/Text.h"
 #include "Net/TlsServer.h"
 #include "Operations/Booking.h"
+#include "Text.h"
 
 #include <algorithm>
 #include <filesystem>
