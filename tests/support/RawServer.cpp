@@ -94,7 +94,9 @@ void RawServer::acceptAll()
 {
     for (int number = 0;; ++number) {
         std::array<pollfd, 2> waits{{{listener_, POLLIN, 0}, {stopSignal_, POLLIN, 0}}};
-        poll(waits.data(), waits.size(), -1);
+        // A change of the process's privileges reaches every thread by a signal.
+        if (poll(waits.data(), waits.size(), -1) < 0)
+            continue;
         if (waits[1].revents)
             return;
         const int socket = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
