@@ -127,5 +127,5 @@ TEST_P(UploadsFromADeadDisk, FailOnTheirWayWhenItDoesNotAnswerInTime)
 
 INSTANTIATE_TEST_SUITE_P(Over, UploadsFromAHangingDisk, testing::Values(Transport::Plain, Transport::Tls),
     testing::PrintToStringParamName());
-INSTANTIATE_TEST_SUITE_P(
-    Over, UploadsFromADeadDisk, testing::Values(Transport::Plain), testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(Over, UploadsFromADeadDisk, testing::Values(Transport::Plain, Transport::Tls),
+    testing::PrintToStringParamName());
