@@ -3,6 +3,7 @@
 #include "support/TemporaryFolder.h"
 
 #include "Operations/Service.h"
+#include "People/Accounts.h"
 #include "Store/Files.h"
 #include "Store/Query.h"
 #include "Work/UploadStore.h"
@@ -144,3 +145,28 @@ TEST_F(Start, WritesNothingIntoADatabaseThatIsUpToDate)
 }
 
 } // namespace
+
+TEST_F(Start, KeepsTheSignInsOfADatabaseThatKnewNoAgesOfTokens)
+{
+    const std::string refreshToken = [this] {
+        bridge::Service service(settings());
+        return service.database.write([&](soci::session& sql) {
+            const auto id = bridge::openAccount(sql, {"a@b.cd", "hash", "A", "", "", ""}, service.now());
+            const std::string token = service.signIns.begin(sql, id.value()).refreshToken;
+            for (const char* statement : {"drop table daily_use", "drop index refresh_tokens_of_sign_in",
+                     "drop index id_tokens_of_sign_in", "drop index id_tokens_by_end",
+                     "drop index sign_ins_of_user", "alter table refresh_tokens drop column issued_at",
+                     "alter table refresh_tokens drop column id_token", "pragma user_version = 1"})
+                sql << statement;
+            return token;
+        });
+    }();
+    bridge::Service service(settings());
+    service.database.write([&](soci::session& sql) {
+        long long version = 0;
+        bridge::Query(sql, "pragma user_version").into(version).next();
+        EXPECT_EQ(version, 2);
+        service.signIns.purge(sql);
+        EXPECT_TRUE(service.signIns.renew(sql, refreshToken).has_value());
+    });
+}
