@@ -32,7 +32,7 @@ class Threads:
             breaches += [f"{name}: {what}" for report in trees.LOGS.glob(f"{reports.name}.*")
                          for what in _summaries(report)]
             breaches += [f"{name}: {test} has failed" for test, end in ends.items() if end["FAILED"]]
-            if "tests ran" not in log.read_text(encoding="utf-8", errors="replace"):
+            if " ran. (" not in log.read_text(encoding="utf-8", errors="replace"):
                 breaches.append(f"{name} has not come to its end:\n{trees.tail(log)}")
             count += len(ends)
         if breaches:
