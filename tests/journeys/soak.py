@@ -31,6 +31,9 @@ TOKEN_LIFETIME_SECONDS = 60
 WARM_UP = 0.2
 LEAST_ROUNDS = 5
 MOST_GROWTH = 0.05
+# So few rounds do not fill all caches; what they show is a leak that is plain to see.
+FEW_ROUNDS = 30
+MOST_GROWTH_OF_FEW = 0.15
 WIDTH, HEIGHT = 72, 12
 
 
@@ -128,8 +131,9 @@ def main():
     grown = growth(soak.curve)
     print(plot(soak.curve))
     print(f"Growth: {grown:+.1%} from the first half to the last, over {len(soak.curve)} rounds")
-    if grown >= MOST_GROWTH:
-        sys.exit(f"It must stay below {MOST_GROWTH:.0%}.")
+    most = MOST_GROWTH if len(soak.curve) > FEW_ROUNDS else MOST_GROWTH_OF_FEW
+    if grown >= most:
+        sys.exit(f"It must stay below {most:.0%}.")
 
 
 if __name__ == "__main__":
