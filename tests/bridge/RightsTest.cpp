@@ -239,3 +239,11 @@ TEST_F(PresentRights, ABusinessIsLeftWithItsRole)
     EXPECT_EQ(api.post(session + "/messages", token, {{"message", "Hello"}}).status, 404);
     EXPECT_FALSE(api.get("/profile", token).text.find("Brandt Title") != std::string::npos);
 }
+
+TEST_F(PresentRights, AStrangersChangeIsRefusedWithoutWaitingForThoseOfOthers)
+{
+    bridge.service().database.write([this](soci::session&) {
+        EXPECT_EQ(api.post("/remote-notary/sessions/15/cancel", {}).status, 401);
+        EXPECT_EQ(api.remove("/admin/users/6", {}).status, 401);
+    });
+}

@@ -1,6 +1,6 @@
 #include "Http/ByteRange.h"
 
-#include "Http/Fields.h"
+#include "Text.h"
 
 #include <algorithm>
 #include <charconv>

@@ -22,10 +22,8 @@ struct ByteRange
     bool operator==(const ByteRange&) const = default;
 };
 
-/// \param text  of the header field: "bytes=0-99", "bytes=100-", "bytes=-100"; several ranges are answered
-/// with
-///     the whole
-/// \param size  of the file
+/// \param text  of the header field: "bytes=0-99", "bytes=100-" or "bytes=-100"; of several ranges none
+/// counts \param size  of the file
 ByteRange readRange(const std::string& text, std::uint64_t size);
 
 } // namespace bridge

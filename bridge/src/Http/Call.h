@@ -65,9 +65,6 @@ public:
     /// Scheme, host and port under which the client reached this server.
     std::string origin() const;
 
-    /// Whether the client announced one.
-    bool hasBody() const;
-
     /// The bytes that the client announced; 0 when it sends as many as it will.
     long long statedLength() const;
 
@@ -93,6 +90,8 @@ public:
     httplib::Response& response() { return response_; }
 
 private:
+    bool hasBody() const;
+
     const httplib::Request& request_;
     httplib::Response& response_;
     const httplib::ContentReader* content_;

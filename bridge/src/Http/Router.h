@@ -11,9 +11,9 @@ namespace bridge {
 /// Finds the operation for a method and a path, and turns every failure into an answer in JSON. What a
 /// failure was in detail never leaves the server.
 ///
-/// Who may not call an operation is turned away before the body is read, and again by the operation itself,
-/// in the transaction that reads or changes something: a body may take long, and what its sender may do can
-/// end meanwhile. An operation that forgets to ask answers nobody.
+/// Who may not call an operation that changes something is turned away before its body is read, and again by
+/// the operation itself, in the transaction that works for it: a body may take long, and what its sender may
+/// do can end meanwhile. An operation that forgets to ask answers nobody.
 class Router
 {
 public:
